@@ -1,0 +1,350 @@
+#include "Application/ConfigModuleApp.h"
+
+#include "Application/LogFolder.h"
+#include "Application/Registration.h"
+#include "Document/ConfigModuleDoc.h"
+#include "Modules/FrameworkLibrary.h"
+#include "Modules/ModuleConfiguration.h"
+#include "Platform/Automation.h"
+#include "Platform/Files.h"
+#include "Platform/Process.h"
+#include "Platform/Text.h"
+#include "Utilities/QOXUIUtils.h"
+#include "Utilities/Texts.h"
+
+#include <Vantrel/ConcreteQOXRule.h>
+#include <Vantrel/DataHelper.h>
+#include <Vantrel/FrameworkFunctions.h>
+#include <Vantrel/VantrelLog.h>
+
+#include <wx/config.h>
+#include <wx/stdpaths.h>
+
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+constexpr const wchar_t* InitialName = L"Vantrel Rule Manager";
+constexpr const wchar_t* ProfileVendor = L"Local AppWizard-Generated Applications";
+constexpr const wchar_t* ProfileFile = L"vantrel-rule-manager";
+
+IDatabaseCollector* DatabaseCollector()
+{
+    return qox_db::QOXDataHelper::getInstance();
+}
+
+std::vector<std::wstring> ProgramArguments(const wxArrayString& arguments)
+{
+    std::vector<std::wstring> result;
+    for (std::size_t index = 1; index < arguments.size(); ++index)
+    {
+        result.push_back(arguments[index].ToStdWstring());
+    }
+    return result;
+}
+
+std::vector<CQOXRMConfigModuleDoc*> OpenDocuments(RuleDocManager& manager)
+{
+    std::vector<CQOXRMConfigModuleDoc*> documents;
+    for (wxDocument* const document : manager.GetDocumentsVector())
+    {
+        if (auto* const ruleDocument = dynamic_cast<CQOXRMConfigModuleDoc*>(document))
+        {
+            documents.push_back(ruleDocument);
+        }
+    }
+    return documents;
+}
+
+} // namespace
+
+CQOXRMConfigModuleApp::CQOXRMConfigModuleApp()
+{
+    SetAppName(InitialName);
+}
+
+CQOXRMConfigModuleApp::~CQOXRMConfigModuleApp() = default;
+
+bool CQOXRMConfigModuleApp::OnInit()
+{
+    Platform::UseUserLocale();
+    m_started = InitInstance();
+    // Also a start that stops here ends through OnExit, with a status of 0: a file handed
+    // to the first instance or a package imported is no failure.
+    return true;
+}
+
+int CQOXRMConfigModuleApp::OnRun()
+{
+    return m_started ? wxApp::OnRun() : 0;
+}
+
+int CQOXRMConfigModuleApp::OnExit()
+{
+    ExitInstance();
+    return wxApp::OnExit();
+}
+
+bool CQOXRMConfigModuleApp::InitInstance()
+{
+    if (IDatabaseCollector* const collector = DatabaseCollector())
+    {
+        collector->OnCollectorStart();
+    }
+    // The texts are the program's own; those of other languages come in here, before
+    // anything is shown.
+    const std::wstring title = LoadText(TextId::ApplicationTitle);
+    SetAppName(title);
+    SetAppDisplayName(title);
+    nDocOpenState = 0;
+    m_commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
+    if (IsAnotherInstanceRunning())
+    {
+        ForwardToRunningInstance();
+        return false;
+    }
+    g_pApp = this;
+
+    m_automationStarted = Platform::InitializeAutomation();
+    if (!m_automationStarted)
+    {
+        m_prompt.ShowBox(BoxKind::Error, LoadText(TextId::AutomationFailed), title);
+        return false;
+    }
+    wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    wxConfigBase::Set(new wxConfig(title, ProfileVendor, ProfileFile)); // owned by the toolkit
+
+    const Platform::LibraryHandle framework = LoadFrameworkLibrary();
+    if (const auto onStart = FindFrameworkFunction<OnStartApplicationFunction>(framework, "OnStartApplication"))
+    {
+        onStart();
+    }
+    ReadConfigModules(m_modules.ConfigModulePaths());
+    ReadDBModules(m_modules.DBModulePaths());
+    LoadAllModules();
+
+    if (!MakeMainWindow())
+    {
+        return false;
+    }
+    Registration::RegisterFileTypes();
+    if (m_commandLine.IsServerStart())
+    {
+        return true;
+    }
+    UpdateRegistration();
+    return OpenInitialDocument();
+}
+
+bool CQOXRMConfigModuleApp::IsAnotherInstanceRunning() const
+{
+    return g_singleInstance.CreationError() == Platform::InstanceMark::AlreadyExists;
+}
+
+void CQOXRMConfigModuleApp::ForwardToRunningInstance()
+{
+    // The first instance has another current folder.
+    Platform::ForwardToInstance(g_singleInstance, Platform::AbsolutePath(m_commandLine.fileName));
+}
+
+void CQOXRMConfigModuleApp::LoadAllModules()
+{
+    ModuleSet::Handles listConfigModulesToFree;
+    ModuleSet::Handles listDBModulesToFree;
+    m_modules.LoadConfigModules(listConfigModulesToFree);
+    ModuleSet::FreeModules(listConfigModulesToFree);
+    m_modules.LoadDBModules(listDBModulesToFree);
+    ModuleSet::FreeModules(listDBModulesToFree);
+    m_modules.UpdateDBModuleList();
+}
+
+bool CQOXRMConfigModuleApp::MakeMainWindow()
+{
+    m_documents = std::make_unique<RuleDocManager>();
+    if (m_documents->MakeRuleTemplate() == nullptr)
+    {
+        return false;
+    }
+    m_mainFrame = new CQOXRMMainFrame(m_documents.get(), *this); // owned by the window system
+    m_viewFrames.SetParent(m_mainFrame);
+    CQOXRMConfigModuleView::SetFrames(&m_viewFrames);
+    SetTopWindow(m_mainFrame);
+    m_documents->FileHistoryUseMenu(m_mainFrame->RecentFilesMenu());
+    m_documents->FileHistoryLoad(*wxConfigBase::Get());
+    return true;
+}
+
+void CQOXRMConfigModuleApp::UpdateRegistration()
+{
+    if (m_commandLine.shellCommand == ShellCommand::Unregister)
+    {
+        Registration::UnregisterAll();
+    }
+    else
+    {
+        Registration::RegisterServer();
+    }
+}
+
+bool CQOXRMConfigModuleApp::OpenInitialDocument()
+{
+    g_bScriptRuleFile = IsScriptRulePackage(m_commandLine.fileName);
+    if (g_bScriptRuleFile)
+    {
+        // A package never reaches a document, and the program ends with it.
+        m_prompt.ShowBox(BoxKind::Error, FormatText(TextId::PackageNotImported, { m_commandLine.fileName }),
+                         LoadText(TextId::ApplicationTitle));
+        return false;
+    }
+    if (!m_commandLine.fileName.empty() && !Platform::PathExists(m_commandLine.fileName))
+    {
+        m_prompt.ShowBox(BoxKind::Error, FormatText(TextId::FileOnCommandLineMissing, { m_commandLine.fileName }),
+                         LoadText(TextId::ApplicationTitle));
+        m_commandLine.fileName.clear();
+        m_commandLine.shellCommand = ShellCommand::New;
+    }
+    if (!ProcessShellCommand())
+    {
+        return false;
+    }
+    m_mainFrame->Show();
+    m_mainFrame->Update();
+    m_mainFrame->ListenToOtherInstances(g_singleInstance);
+    return true;
+}
+
+bool CQOXRMConfigModuleApp::ProcessShellCommand()
+{
+    // After taking out the registration the start goes on like any other.
+    return m_commandLine.fileName.empty() ? m_documents->NewFile() != nullptr
+                                          : m_documents->OpenFile(m_commandLine.fileName) != nullptr;
+}
+
+void CQOXRMConfigModuleApp::ExitInstance()
+{
+    if (m_documents != nullptr)
+    {
+        m_documents->FileHistorySave(*wxConfigBase::Get());
+    }
+    m_documents.reset();
+    if (m_automationStarted)
+    {
+        Platform::UninitializeAutomation();
+    }
+    if (IDatabaseCollector* const collector = DatabaseCollector())
+    {
+        collector->OnCollectorStop();
+    }
+    CVantrelLog::CloseLogFile();
+}
+
+bool CQOXRMConfigModuleApp::HasActiveDocument() const
+{
+    return m_mainFrame != nullptr && m_mainFrame->GetActiveChild() != nullptr;
+}
+
+void CQOXRMConfigModuleApp::OpenDocumentFile(const std::wstring& path)
+{
+    m_documents->OpenFile(path);
+}
+
+void CQOXRMConfigModuleApp::ToggleLog()
+{
+    if (bLogEnabled)
+    {
+        bLogEnabled = false;
+        LogMessage(L"Closing the log file");
+        CVantrelLog::CloseLogFile();
+        return;
+    }
+    const std::wstring folder = LogFolder();
+    m_prompt.ShowBox(BoxKind::Information, FormatText(TextId::LogFolder, { folder }),
+                     LoadText(TextId::ApplicationTitle));
+    CVantrelLog::OpenLogFile(LogFilePath(folder));
+    LogMessage(L"Log creation started");
+    bLogEnabled = true;
+}
+
+void CQOXRMConfigModuleApp::OnAddRule(CQoxRule* rule)
+{
+    const auto* const concrete = dynamic_cast<ConcreteQOXRule*>(rule);
+    if (concrete == nullptr)
+    {
+        return;
+    }
+    ConcreteQOXRule newRule;
+    newRule = rule;
+    ChangeUserRule(&newRule, UserRuleChange::Add, {});
+}
+
+void CQOXRMConfigModuleApp::OnDeleteRule(CQoxRule* rule)
+{
+    if (rule != nullptr)
+    {
+        ChangeUserRule(rule, UserRuleChange::Delete, rule->m_strRuleName);
+    }
+}
+
+void CQOXRMConfigModuleApp::OnEditRule(const std::wstring& name, CQoxRule* rule)
+{
+    ChangeUserRule(rule, UserRuleChange::Edit, name);
+}
+
+void CQOXRMConfigModuleApp::ChangeUserRule(CQoxRule* rule, UserRuleChange change, const std::wstring& name)
+{
+    if (rule == nullptr)
+    {
+        return;
+    }
+    ChangeRuleInUserFile(UserDefinedRuleFilePath(), rule, change, name);
+    NotifyDocuments(rule, change, name);
+}
+
+void CQOXRMConfigModuleApp::NotifyDocuments(CQoxRule* rule, UserRuleChange change, const std::wstring& name)
+{
+    for (CQOXRMConfigModuleDoc* const document : OpenDocuments(*m_documents))
+    {
+        switch (change)
+        {
+        case UserRuleChange::Add:
+            document->Rules().AddUserRule(rule);
+            document->UpdateViews(ViewHint::UserRuleAdded);
+            break;
+        case UserRuleChange::Delete:
+            document->UpdateViews(ViewHint::UserRuleDeleted, rule);
+            break;
+        case UserRuleChange::Edit:
+            document->Rules().RenameUserRule(name, rule->m_strRuleName);
+            document->UpdateViews(ViewHint::UserRuleChanged, rule);
+            break;
+        }
+    }
+}
+
+void CQOXRMConfigModuleApp::OnRuleModulesChanged()
+{
+    ModuleSet::Handles listConfigModulesToFree;
+    m_modules.LoadConfigModules(listConfigModulesToFree);
+    m_modules.UpdateDBModuleList();
+    for (CQOXRMConfigModuleDoc* const document : OpenDocuments(*m_documents))
+    {
+        const std::wstring path = document->GetFilename().ToStdWstring();
+        if (!document->IsModified() && !path.empty() && Platform::FileExists(path))
+        {
+            document->Rules().Header().LoadRuleFile(ToNarrow(path));
+        }
+        document->UpdateViews(ViewHint::Reload);
+    }
+    // Only now: until the views were filled anew, rules pointed into these.
+    ModuleSet::FreeModules(listConfigModulesToFree);
+}
+
+void CQOXRMConfigModuleApp::OnDatabaseModulesChanged()
+{
+    ModuleSet::Handles listDBModulesToFree;
+    m_modules.LoadDBModules(listDBModulesToFree);
+    m_modules.UpdateDBModuleList();
+    ModuleSet::FreeModules(listDBModulesToFree);
+}

@@ -1,0 +1,62 @@
+#include "Application/DocumentManager.h"
+
+#include "Application/ChildFrame.h"
+#include "Application/RuleFileType.h"
+#include "Document/ConfigModuleDoc.h"
+#include "Utilities/Texts.h"
+
+#include <wx/docview.h>
+#include <wx/filename.h>
+
+namespace
+{
+
+constexpr std::size_t RecentFileCount = 4;
+
+} // namespace
+
+wxDocTemplate* RuleDocManager::MakeRuleTemplate()
+{
+    const wxString extension = RuleFileExtension;
+    // Registers itself with the manager, which owns it.
+    return new wxDocTemplate(this, LoadText(TextId::DocumentTypeName), "*." + extension, wxString(), extension,
+                             "Rule document", "Rule explorer", wxCLASSINFO(CQOXRMConfigModuleDoc),
+                             wxCLASSINFO(CQOXRMConfigModuleView));
+}
+
+wxFileHistory* RuleDocManager::OnCreateFileHistory()
+{
+    return new wxFileHistory(RecentFileCount); // owned by the manager
+}
+
+wxDocTemplate* RuleDocManager::FindTemplateForPath(const wxString& path)
+{
+    wxDocTemplate* const matching = wxDocManager::FindTemplateForPath(path);
+    if (matching != nullptr || GetTemplatesVector().empty())
+    {
+        return matching;
+    }
+    return GetTemplatesVector().front();
+}
+
+wxDocument* RuleDocManager::OpenFile(const wxString& path)
+{
+    wxFileName name(path);
+    name.MakeAbsolute();
+    return CreateDocument(name.GetFullPath(), wxDOC_SILENT);
+}
+
+wxDocument* RuleDocManager::NewFile()
+{
+    return CreateNewDocument();
+}
+
+wxWindow* MdiViewFrames::MakeFrame(wxDocument* document, wxView* view)
+{
+    return new CQOXRMChildFrame(document, view, m_parent); // owned by the window system
+}
+
+void MdiViewFrames::SetStatusText(const wxString& text)
+{
+    m_parent->SetStatusText(text);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Explorer/ConfigModuleView.h"
+
+#include <wx/docmdi.h>
+
+/// The open documents and the one kind of document there is.
+class RuleDocManager : public wxDocManager
+{
+public:
+    /// Makes the template of rule documents. Null if that fails.
+    wxDocTemplate* MakeRuleTemplate();
+
+    wxFileHistory* OnCreateFileHistory() override;
+
+    /// Every file that isn't told apart at start goes to the one template, whatever it is
+    /// called.
+    wxDocTemplate* FindTemplateForPath(const wxString& path) override;
+
+    /// Opens a file, or brings its window forward if it is open. Null if it can't be opened.
+    wxDocument* OpenFile(const wxString& path);
+
+    /// Makes a new, empty document. Null on failure.
+    wxDocument* NewFile();
+};
+
+/// Makes the windows of views within the main window.
+class MdiViewFrames : public IViewFrames
+{
+public:
+    /// The main window, owned by the window system; set before the first view is made.
+    void SetParent(wxDocMDIParentFrame* parent) { m_parent = parent; }
+
+    wxWindow* MakeFrame(wxDocument* document, wxView* view) override;
+    void SetStatusText(const wxString& text) override;
+
+private:
+    wxDocMDIParentFrame* m_parent = nullptr;
+};

@@ -1,0 +1,138 @@
+#include "Application/MainFrame.h"
+
+#include "Application/Commands.h"
+#include "Application/ForwardedFile.h"
+
+#include <wx/aboutdlg.h>
+#include <wx/menu.h>
+#include <wx/persist/toplevel.h>
+#include <wx/stockitem.h>
+#include <wx/toolbar.h>
+
+#include <map>
+
+namespace
+{
+
+constexpr int StartWidth = 1000;
+constexpr int StartHeight = 700;
+
+wxString MenuText(const Command& command)
+{
+    return command.text ? wxString(LoadText(*command.text)) : wxString();
+}
+
+wxString TipText(const Command& command)
+{
+    return command.tip ? wxString(LoadText(*command.tip)) : wxString();
+}
+
+} // namespace
+
+CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
+    : wxDocMDIParentFrame(manager, nullptr, wxID_ANY, LoadText(TextId::ApplicationTitle), wxDefaultPosition,
+                          wxDefaultSize, wxDEFAULT_FRAME_STYLE | wxNO_FULL_REPAINT_ON_RESIZE),
+      m_host(host)
+{
+    MakeMenus();
+    MakeToolBar();
+    CreateStatusBar();
+
+    DragAcceptFiles(true);
+    Bind(wxEVT_DROP_FILES, &CQOXRMMainFrame::OnDropFiles, this);
+    Bind(wxEVT_MENU, &CQOXRMMainFrame::OnAbout, this, wxID_ABOUT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ToggleLog(); }, CommandToggleLog);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);
+
+    SetName("MainFrame");
+    if (!wxPersistenceManager::Get().RegisterAndRestore(this))
+    {
+        SetSize(FromDIP(wxSize(StartWidth, StartHeight)));
+        Centre();
+    }
+}
+
+CQOXRMMainFrame::~CQOXRMMainFrame() = default;
+
+void CQOXRMMainFrame::MakeMenus()
+{
+    auto* const menuBar = new wxMenuBar; // owned by the frame
+    std::map<TextId, wxMenu*> menus;
+    for (const TextId menuId : { TextId::MenuFile, TextId::MenuView, TextId::MenuHelp })
+    {
+        auto* const menu = new wxMenu; // owned by the menu bar
+        menus[menuId] = menu;
+        menuBar->Append(menu, LoadText(menuId));
+    }
+    for (const Command& command : CommandTable)
+    {
+        wxMenu* const menu = menus[command.menu];
+        if (command.separatorBefore)
+        {
+            menu->AppendSeparator();
+        }
+        menu->Append(command.id, MenuText(command), TipText(command), command.kind);
+    }
+    m_fileMenu = menus[TextId::MenuFile];
+    SetMenuBar(menuBar);
+}
+
+void CQOXRMMainFrame::MakeToolBar()
+{
+    wxToolBar* const toolBar = CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL);
+    for (const Command& command : CommandTable)
+    {
+        if (command.toolBarArt != nullptr)
+        {
+            toolBar->AddTool(command.id, wxGetStockLabel(command.id, wxSTOCK_NOFLAGS),
+                             wxArtProvider::GetBitmapBundle(wxASCII_STR(command.toolBarArt), wxART_TOOLBAR),
+                             TipText(command));
+        }
+    }
+    toolBar->Realize();
+}
+
+void CQOXRMMainFrame::ListenToOtherInstances(Platform::InstanceMark& mark)
+{
+    m_inbox = std::make_unique<Platform::InstanceInbox>(
+        mark, GetHandle(),
+        Platform::InstanceRequests{ [this] { BringForward(); },
+                                    [this](const void* data, std::size_t size) { return OnCopyData(data, size); } });
+}
+
+void CQOXRMMainFrame::BringForward()
+{
+    if (IsIconized())
+    {
+        Iconize(false);
+    }
+    Raise();
+}
+
+bool CQOXRMMainFrame::OnCopyData(const void* data, std::size_t size)
+{
+    const std::optional<std::wstring> path = ForwardedPath(data, size);
+    if (path && !path->empty())
+    {
+        m_host.OpenDocumentFile(*path);
+    }
+    return true;
+}
+
+void CQOXRMMainFrame::OnDropFiles(wxDropFilesEvent& event)
+{
+    for (int index = 0; index < event.GetNumberOfFiles(); ++index)
+    {
+        m_host.OpenDocumentFile(event.GetFiles()[index].ToStdWstring());
+    }
+}
+
+void CQOXRMMainFrame::OnAbout(wxCommandEvent& /*event*/)
+{
+    wxAboutDialogInfo info;
+    info.SetName(LoadText(TextId::ApplicationTitle));
+    info.SetDescription(LoadText(TextId::AboutText));
+    wxAboutBox(info, this);
+}

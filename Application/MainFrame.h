@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Platform/SingleInstance.h"
+
+#include <wx/docmdi.h>
+
+#include <memory>
+
+/// What the main window hands on to the application.
+class IMainFrameHost
+{
+public:
+    virtual ~IMainFrameHost() = default;
+
+    /// Opens a rule file, or brings its window forward if it is open.
+    virtual void OpenDocumentFile(const std::wstring& path) = 0;
+    virtual bool IsLogEnabled() const = 0;
+    virtual void ToggleLog() = 0;
+};
+
+/// The main window: menus, tool bar, status bar, and the document windows within.
+class CQOXRMMainFrame : public wxDocMDIParentFrame
+{
+public:
+    /// `host` is not owned.
+    CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host);
+    ~CQOXRMMainFrame() override;
+
+    /// Takes what later starts of the program send, from now on.
+    void ListenToOtherInstances(Platform::InstanceMark& mark);
+
+    /// Brings the window to the front and restores it if it is minimised.
+    void BringForward();
+
+    /// Takes the path that another start sent. False if it can't be taken now.
+    bool OnCopyData(const void* data, std::size_t size);
+
+    /// The menu that lists the recent files.
+    wxMenu* RecentFilesMenu() const { return m_fileMenu; }
+
+private:
+    void MakeMenus();
+    void MakeToolBar();
+    void OnDropFiles(wxDropFilesEvent& event);
+    void OnAbout(wxCommandEvent& event);
+
+    IMainFrameHost& m_host;
+    wxMenu* m_fileMenu = nullptr; // owned by the menu bar
+    std::unique_ptr<Platform::InstanceInbox> m_inbox;
+};

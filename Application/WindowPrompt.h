@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Utilities/UserPrompt.h"
+
+/// Asks the user with message boxes over the active window.
+class WindowPrompt : public IUserPrompt
+{
+public:
+    void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+    bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+};

@@ -1,0 +1,133 @@
+#include "Document/ConfigModuleDoc.h"
+
+#include "Document/DocumentTitle.h"
+#include "Modules/ApplicationGlobals.h"
+#include "Utilities/Texts.h"
+#include "Utilities/UserPrompt.h"
+
+#include <wx/filename.h>
+
+wxIMPLEMENT_DYNAMIC_CLASS(CQOXRMConfigModuleDoc, wxDocument);
+
+namespace
+{
+
+void ShowFailure(TextId id, const wxString& path)
+{
+    g_pApp->Prompt().ShowBox(BoxKind::Warning, FormatText(id, { path.ToStdWstring() }),
+                             LoadText(TextId::ApplicationTitle));
+}
+
+} // namespace
+
+CQOXRMConfigModuleDoc::CQOXRMConfigModuleDoc() : m_rules(&g_pApp->Prompt()) {}
+
+bool CQOXRMConfigModuleDoc::OnNewDocument()
+{
+    if (!wxDocument::OnNewDocument())
+    {
+        return false;
+    }
+    const wxString title = GetTitle();
+    SetFilename(title, true);
+    GetDocumentManager()->AddFileToHistory(title);
+    m_rules.LoadUserRules();
+    InitialUpdateViews();
+    return true;
+}
+
+bool CQOXRMConfigModuleDoc::OnOpenDocument(const wxString& path)
+{
+    if (!m_rules.Open(path.ToStdWstring()))
+    {
+        ShowFailure(TextId::FileNotOpened, path);
+        return false;
+    }
+    SetDocumentTitle(wxFileName(path).GetFullName());
+    SetFilename(path, true);
+    SetDocumentSaved(true);
+    Modify(false);
+    InitialUpdateViews();
+    return true;
+}
+
+bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
+{
+    switch (m_rules.Save(path.ToStdWstring()))
+    {
+    case RuleDocument::SaveFailure::None:
+        break;
+    case RuleDocument::SaveFailure::Protected:
+        ShowFailure(TextId::ProtectedFileNotSaved, path);
+        return false;
+    case RuleDocument::SaveFailure::NotWritable:
+        ShowFailure(TextId::FileNotSaved, path);
+        return false;
+    case RuleDocument::SaveFailure::NotWritten:
+        ShowFailure(TextId::RulesNotLoaded, path);
+        return false;
+    }
+    Modify(false);
+    SetFilename(path);
+    SetDocumentSaved(true);
+    return true;
+}
+
+bool CQOXRMConfigModuleDoc::OnCloseDocument()
+{
+    if (IRuleView* const view = FirstRuleView())
+    {
+        m_rules.ReleaseRules(view->RulesOfRows());
+        view->ClearRows();
+    }
+    const bool closed = wxDocument::OnCloseDocument();
+    if (!g_pApp->HasActiveDocument())
+    {
+        g_pApp->SetDocOpenState(0);
+    }
+    return closed;
+}
+
+void CQOXRMConfigModuleDoc::Modify(bool modified)
+{
+    if (modified == IsModified())
+    {
+        return;
+    }
+    // The mark is put on the title as it stands: a read-only suffix must not come twice.
+    SetTitle(DocumentTitle::ForModified(GetTitle().ToStdWstring(), modified));
+    wxDocument::Modify(modified); // lets the views take over the title
+}
+
+void CQOXRMConfigModuleDoc::SetDocumentTitle(const wxString& name)
+{
+    SetTitle(DocumentTitle::ForName(name.ToStdWstring(), m_rules.IsReadOnly()));
+    TellTitle();
+}
+
+void CQOXRMConfigModuleDoc::UpdateViews(ViewHint hint, CQoxRule* rule)
+{
+    RuleViewHint object(hint, rule);
+    UpdateAllViews(nullptr, &object);
+}
+
+IRuleView* CQOXRMConfigModuleDoc::FirstRuleView() const
+{
+    return dynamic_cast<IRuleView*>(GetFirstView());
+}
+
+void CQOXRMConfigModuleDoc::InitialUpdateViews()
+{
+    if (IRuleView* const view = FirstRuleView())
+    {
+        view->OnInitialUpdate();
+    }
+}
+
+void CQOXRMConfigModuleDoc::TellTitle()
+{
+    for (wxView* const view : GetViewsVector())
+    {
+        view->OnChangeFilename();
+    }
+}

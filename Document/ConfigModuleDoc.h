@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Document/RuleDocument.h"
+#include "Document/RuleView.h"
+
+#include <wx/docview.h>
+
+#include <memory>
+
+/// What goes with `UpdateAllViews`.
+class RuleViewHint : public wxObject
+{
+public:
+    explicit RuleViewHint(ViewHint hint, CQoxRule* rule = nullptr) : m_hint(hint), m_rule(rule) {}
+
+    ViewHint Hint() const { return m_hint; }
+    CQoxRule* Rule() const { return m_rule; }
+
+private:
+    ViewHint m_hint;
+    CQoxRule* m_rule; // not owned
+};
+
+/// One open rule file, as the document/view framework sees it. What is in it and what is
+/// done to it is the rule document's.
+class CQOXRMConfigModuleDoc : public wxDocument
+{
+public:
+    CQOXRMConfigModuleDoc();
+
+    bool OnNewDocument() override;
+    bool OnOpenDocument(const wxString& path) override;
+    bool OnSaveDocument(const wxString& path) override;
+    bool OnCloseDocument() override;
+
+    /// Sets the modified state and the mark of it in the title.
+    void Modify(bool modified) override;
+
+    /// Sets the title from a name; a read-only document says so in it.
+    void SetDocumentTitle(const wxString& name);
+
+    RuleDocument& Rules() { return m_rules; }
+
+    /// Tells all views.
+    void UpdateViews(ViewHint hint, CQoxRule* rule = nullptr);
+
+private:
+    IRuleView* FirstRuleView() const;
+    void InitialUpdateViews();
+    void TellTitle();
+
+    RuleDocument m_rules;
+
+    wxDECLARE_DYNAMIC_CLASS(CQOXRMConfigModuleDoc);
+};

@@ -1,0 +1,169 @@
+#include "Document/RuleDocument.h"
+
+#include "Document/UserRuleFile.h"
+#include "Modules/RuleModule.h"
+#include "Platform/Files.h"
+#include "Platform/Library.h"
+#include "Platform/Text.h"
+#include "Utilities/QOXUIUtils.h"
+
+#include <Vantrel/ConcreteQOXRule.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+RuleDocument::RuleDocument(IUserPrompt* prompt) : m_header(prompt) {}
+
+RuleDocument::~RuleDocument()
+{
+    // Rules that no view showed: those of the file that matched no module's rule, hidden
+    // ones, and user-defined ones of a document that never had a view.
+    PointerArray userRules;
+    std::swap(userRules, m_userRules);
+    for (CQoxRule* const rule : userRules)
+    {
+        ForgetRule(rule);
+        const std::unique_ptr<CQoxRule> owned(rule);
+    }
+    PointerArray fileRules;
+    m_header.GetRules(fileRules);
+    for (CQoxRule* rule : fileRules)
+    {
+        DeleteRuleFromDocument(rule);
+    }
+}
+
+bool RuleDocument::Open(const std::wstring& path)
+{
+    LogMessage(L"Command received to open Rule file %s", path);
+    m_bReadOnly = false;
+    if (!m_header.LoadRuleFile(ToNarrow(path)))
+    {
+        return false;
+    }
+    m_bUnitSet = true;
+    m_strOpenPath = path;
+    LoadUserRules();
+    LogMessage(L"Rule file has been opened successfully");
+    return true;
+}
+
+RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
+{
+    LogMessage(L"Save has been called");
+    if (m_header.IsPasswordProtected())
+    {
+        return SaveFailure::Protected;
+    }
+    if (!Platform::CanWriteFile(path))
+    {
+        return SaveFailure::NotWritable;
+    }
+    // A record of its own, so that what goes into the file is the rule list in its order,
+    // with empty file details.
+    CQOXRMLumeq record;
+    for (CQoxRule* const rule : m_ruleList.Rules())
+    {
+        std::int32_t index = 0;
+        record.AddRuleInFile(rule, index);
+        record.newRuleUnits = m_header.newRuleUnits;
+        record.oldRuleUnits = m_header.oldRuleUnits;
+    }
+    if (!record.WriteRuleFile(ToNarrow(path)))
+    {
+        return SaveFailure::NotWritten;
+    }
+    m_strOpenPath = path;
+    LogMessage(L"The document has been saved");
+    return SaveFailure::None;
+}
+
+void RuleDocument::LoadUserRules()
+{
+    const std::wstring path = UserDefinedRuleFilePath();
+    if (path.empty())
+    {
+        return;
+    }
+    if (!Platform::PathExists(path))
+    {
+        CQOXRMLumeq().WriteUserFile(path);
+    }
+    CQOXRMLumeq record;
+    if (record.LoadRuleList(path))
+    {
+        record.GetRules(m_userRules);
+    }
+}
+
+void RuleDocument::AddUserRule(CQoxRule* rule)
+{
+    auto copy = std::make_unique<ConcreteQOXRule>();
+    *copy = rule;
+    m_userRules.Add(copy.release());
+}
+
+void RuleDocument::RenameUserRule(const std::wstring& oldName, const std::wstring& newName)
+{
+    const auto found = std::find_if(m_userRules.begin(), m_userRules.end(), [&oldName](const CQoxRule* rule)
+                                    { return Platform::EqualsNoCase(rule->m_strRuleName, oldName); });
+    if (found != m_userRules.end())
+    {
+        (*found)->m_strRuleName = newName;
+    }
+}
+
+void RuleDocument::DeleteRuleFromDocument(CQoxRule*& rule)
+{
+    if (rule == nullptr)
+    {
+        return;
+    }
+    const Platform::LibraryHandle library = Platform::FindLoadedLibrary(rule->m_strModulePath);
+    if (library != nullptr)
+    {
+        const RuleModule module(library);
+        if (module.TakesRulesBack())
+        {
+            ForgetRule(rule);
+            module.DeleteRule(rule);
+        }
+        return;
+    }
+    if (rule->m_strRuleModule == InteractiveRuleMark || rule->m_strRuleModule == VSTARuleMark)
+    {
+        m_userRules.Remove(rule);
+        ForgetRule(rule);
+        delete rule; // the document owns its user-defined rules
+        rule = nullptr;
+    }
+}
+
+void RuleDocument::ReleaseRules(const std::vector<CQoxRule*>& rules)
+{
+    for (CQoxRule* rule : rules)
+    {
+        if (m_userRules.Remove(rule))
+        {
+            ForgetRule(rule);
+            delete rule; // the document owns its user-defined rules
+        }
+        else
+        {
+            DeleteRuleFromDocument(rule);
+        }
+    }
+}
+
+void RuleDocument::SetDocPassword(const std::wstring& password)
+{
+    m_strPassword = password;
+    m_bPasswordChecked = true;
+}
+
+void RuleDocument::ForgetRule(const CQoxRule* rule)
+{
+    m_ruleList.Remove(rule);
+    m_header.ForgetRule(rule);
+}

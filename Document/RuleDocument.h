@@ -1,0 +1,83 @@
+#pragma once
+
+#include "Document/Lumeq.h"
+#include "Document/RuleList.h"
+
+#include <Vantrel/PointerArray.h>
+
+#include <string>
+#include <vector>
+
+class IUserPrompt;
+
+/// One open rule file without its windows: the header record, the rules that are selected
+/// in it, and the user-defined rules known on this machine.
+class RuleDocument
+{
+public:
+    /// `prompt` is not owned and may be null.
+    explicit RuleDocument(IUserPrompt* prompt = nullptr);
+
+    /// Gives the rules that it still has back to their modules.
+    ~RuleDocument();
+    RuleDocument(const RuleDocument&) = delete;
+    RuleDocument& operator=(const RuleDocument&) = delete;
+
+    /// Reads a rule file into the header record and, if that worked, the user-defined
+    /// rules. False if the file can't be read or isn't XML.
+    bool Open(const std::wstring& path);
+
+    /// Writes the rules of the rule list. False if the file may not be written or must not
+    /// be; the reason is in `failure` then.
+    enum class SaveFailure
+    {
+        None,
+        Protected,   ///< The file carries a password that would be lost.
+        NotWritable, ///< The file or its folder refuses writing.
+        NotWritten,  ///< There is no framework library to write with.
+    };
+    SaveFailure Save(const std::wstring& path);
+
+    /// Reads `UserDefinedFile.xml`, which is made if it doesn't exist, and appends its rules
+    /// to the user-defined rules. A file that can't be read gives none.
+    void LoadUserRules();
+
+    /// Takes a copy of a user-defined rule into the user-defined rules.
+    void AddUserRule(CQoxRule* rule);
+
+    /// Gives the first user-defined rule with the old name, in any case, the new one.
+    void RenameUserRule(const std::wstring& oldName, const std::wstring& newName);
+
+    /// Gives a rule up: a module's goes back to its module, a user-defined one is taken out
+    /// of this document and deleted, and the pointer is null then. A rule whose module
+    /// isn't loaded stays as it is, and so does the pointer.
+    void DeleteRuleFromDocument(CQoxRule*& rule);
+
+    /// Gives up the rules of the rows of a view that closes.
+    void ReleaseRules(const std::vector<CQoxRule*>& rules);
+
+    bool IsPasswordProtected() const { return m_header.IsPasswordProtected(); }
+    void SetDocPassword(const std::wstring& password);
+
+    CQOXRMLumeq& Header() { return m_header; }
+    const CQOXRMLumeq& Header() const { return m_header; }
+    RuleList& Rules() { return m_ruleList; }
+    const RuleList& Rules() const { return m_ruleList; }
+    PointerArray& UserRules() { return m_userRules; }
+    const std::wstring& OpenPath() const { return m_strOpenPath; }
+    bool IsReadOnly() const { return m_bReadOnly; }
+    void SetReadOnly(bool readOnly) { m_bReadOnly = readOnly; }
+    bool IsUnitSet() const { return m_bUnitSet; }
+
+private:
+    void ForgetRule(const CQoxRule* rule);
+
+    CQOXRMLumeq m_header;
+    bool m_bUnitSet = false;
+    RuleList m_ruleList;
+    PointerArray m_userRules; // owned
+    bool m_bReadOnly = false;
+    std::wstring m_strOpenPath;
+    bool m_bPasswordChecked = false;
+    std::wstring m_strPassword;
+};

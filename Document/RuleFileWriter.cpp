@@ -1,0 +1,110 @@
+#include "Document/Lumeq.h"
+#include "Document/RuleFileNames.h"
+#include "Document/XmlOperation.h"
+#include "Modules/ApplicationGlobals.h"
+#include "Utilities/QOXUIUtils.h"
+
+#include <Vantrel/QoxRule.h>
+#include <Vantrel/QoxXml.h>
+
+#include <memory>
+#include <string>
+#include <tuple>
+
+namespace
+{
+
+void AddText(QoxXMLNode& root, const char* name, const std::wstring& value)
+{
+    root.AddAttribute1(name, ToNarrow(value).c_str());
+}
+
+void AddNumber(QoxXMLNode& root, const char* name, std::int32_t value)
+{
+    root.AddAttribute1(name, std::to_string(value).c_str());
+}
+
+/// Makes the root element of the document in progress.
+std::unique_ptr<QoxXMLNode> MakeRoot()
+{
+    std::unique_ptr<QoxXMLNode> root(g_pXmlDoc->CreateNode1(RuleFileNames::Root));
+    g_pXmlDoc->AppendNode(root.get());
+    return root;
+}
+
+} // namespace
+
+void CQOXRMLumeq::AppendHeaderAttributes(QoxXMLNode& root) const
+{
+    AddText(root, RuleFileNames::Name, strName);
+    AddText(root, RuleFileNames::CreatedBy, strCreatedBy);
+    AddText(root, RuleFileNames::CreatedOn, strCreatedOn);
+    AddNumber(root, RuleFileNames::Unit, newRuleUnits.linear);
+    AddNumber(root, RuleFileNames::AngularUnit, newRuleUnits.angular);
+    root.AddAttribute1(RuleFileNames::Version, RuleFileNames::VersionText);
+}
+
+void CQOXRMLumeq::AppendRules(QoxXMLNode& root, const PointerArray& rules, bool logRules) const
+{
+    for (CQoxRule* const rule : rules)
+    {
+        const std::unique_ptr<QoxXMLNode> element(rule->GetXML());
+        if (element == nullptr)
+        {
+            continue; // the rule failed; the others are still saved
+        }
+        root.AppendNode(element.get());
+        if (logRules)
+        {
+            LogMessage(L"%s has been added in the file to be saved", rule->m_strRuleName);
+        }
+    }
+}
+
+bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
+{
+    if (g_pApp == nullptr || path.empty())
+    {
+        return false;
+    }
+    PointerArray rules;
+    GetLiveRules(rules);
+
+    XmlOperation::Begin();
+    if (!XmlOperation::TellFramework(g_bScriptRuleFile))
+    {
+        XmlOperation::End();
+        return false;
+    }
+    // Before any element is made: rules make theirs in this document.
+    XmlOperation::TellModules();
+
+    const std::unique_ptr<QoxXMLNode> root = MakeRoot();
+    AppendHeaderAttributes(*root);
+    AppendRules(*root, rules, true);
+
+    // A failed write is not reported: the old file is still whole then, and the lock on it
+    // and the caller's state must go on as after any save.
+    std::ignore = g_pXmlDoc->Save1(path.c_str());
+    XmlOperation::End();
+    return true;
+}
+
+bool CQOXRMLumeq::WriteUserFile(const std::wstring& path)
+{
+    const std::string narrowPath = ToNarrow(path);
+    if (narrowPath.empty())
+    {
+        return false;
+    }
+    PointerArray rules;
+    GetLiveRules(rules);
+
+    XmlOperation::Begin();
+    const std::unique_ptr<QoxXMLNode> root = MakeRoot();
+    AppendHeaderAttributes(*root);
+    AppendRules(*root, rules, false);
+    std::ignore = g_pXmlDoc->Save1(narrowPath.c_str()); // as for rule files
+    XmlOperation::End();
+    return true;
+}

@@ -1,0 +1,232 @@
+#include "Explorer/ConfigModuleView.h"
+
+#include "Document/ConfigModuleDoc.h"
+#include "Explorer/ListCtrlEx.h"
+#include "Explorer/RuleText.h"
+#include "Modules/ApplicationGlobals.h"
+#include "Modules/FrameworkLibrary.h"
+#include "Utilities/Texts.h"
+#include "Utilities/UserPrompt.h"
+
+#include <Vantrel/FrameworkFunctions.h>
+
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/stattext.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+wxIMPLEMENT_DYNAMIC_CLASS(CQOXRMConfigModuleView, wxView);
+
+IViewFrames* CQOXRMConfigModuleView::s_frames = nullptr;
+
+namespace
+{
+
+constexpr int Margin = 10;
+constexpr int StartColumnWidth = 100;
+constexpr int SummaryStartWidth = 500;
+constexpr int SummaryScrollAllowance = 20;
+
+// Share of the list's width that a column gets.
+constexpr std::array<double, RuleColumnCount> ColumnShares = { 0.395, 0.2, 0.2, 0.2 };
+
+std::optional<bool> QueryVSTASupport()
+{
+    const Platform::LibraryHandle framework = LoadFrameworkLibrary();
+    const auto query = FindFrameworkFunction<AreVSTARulesSupportedFunction>(framework, "AreVSTARulesSupported");
+    if (query == nullptr)
+    {
+        return std::nullopt;
+    }
+    int supported = 0;
+    query(&supported);
+    return supported != 0;
+}
+
+} // namespace
+
+CQOXRMConfigModuleView::~CQOXRMConfigModuleView() = default;
+
+CQOXRMConfigModuleDoc& CQOXRMConfigModuleView::Doc() const
+{
+    return *static_cast<CQOXRMConfigModuleDoc*>(GetDocument());
+}
+
+bool CQOXRMConfigModuleView::OnCreate(wxDocument* document, long flags)
+{
+    if (!wxView::OnCreate(document, flags))
+    {
+        return false;
+    }
+    wxWindow* const frame = s_frames->MakeFrame(document, this);
+    SetFrame(frame);
+    MakeControls();
+    m_explorer = std::make_unique<RuleExplorer>(Doc().Rules(), g_pApp->Modules(), *m_ruleList, *this, QueryVSTASupport);
+    frame->Show();
+    return true;
+}
+
+void CQOXRMConfigModuleView::MakeControls()
+{
+    m_form = new wxPanel(GetFrame());
+    m_ruleList = new CQOXRMListCtrlEx(m_form);
+    m_summaryLabel = new wxStaticText(m_form, wxID_ANY, LoadText(TextId::SummaryLabel));
+    m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                   wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL | wxBORDER_THEME);
+
+    constexpr std::array Headings = { TextId::ColumnName, TextId::ColumnCategory, TextId::ColumnModule,
+                                      TextId::ColumnCriticality };
+    for (int column = 0; column < RuleColumnCount; ++column)
+    {
+        m_ruleList->AppendColumn(LoadText(Headings[static_cast<std::size_t>(column)]), wxLIST_FORMAT_LEFT,
+                                 StartColumnWidth);
+    }
+    m_summaryList->AppendColumn(wxString(), wxLIST_FORMAT_LEFT, SummaryStartWidth);
+
+    m_ruleList->SetRowChangedHandler([this](int row) { m_explorer->OnRowChanged(row); });
+    m_form->Bind(wxEVT_SIZE,
+                 [this](wxSizeEvent& event)
+                 {
+                     event.Skip();
+                     Layout();
+                 });
+    m_form->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { m_ruleList->SetFocus(); });
+}
+
+void CQOXRMConfigModuleView::OnInitialUpdate()
+{
+    UpdateRuleList(true);
+    Layout();
+    SetSingleSelection(false);
+    m_explorer->ApplyUnitsToNewRules();
+    m_explorer->ShowRuleSummary();
+    m_explorer->ShowCounts();
+    m_ruleList->SetFocus();
+}
+
+void CQOXRMConfigModuleView::UpdateRuleList(bool fromDocument)
+{
+    m_ruleList->SetFilling(true);
+    m_ruleList->Freeze();
+    m_explorer->UpdateRuleList(fromDocument);
+    m_ruleList->Thaw();
+    m_ruleList->SetFilling(false);
+}
+
+void CQOXRMConfigModuleView::OnDraw(wxDC* /*dc*/) {}
+
+void CQOXRMConfigModuleView::OnUpdate(wxView* /*sender*/, wxObject* hint)
+{
+    const auto* const ruleHint = dynamic_cast<RuleViewHint*>(hint);
+    if (ruleHint != nullptr && ruleHint->Hint() == ViewHint::Reload)
+    {
+        m_ruleList->SetFocus();
+        UpdateRuleList(false);
+    }
+}
+
+void CQOXRMConfigModuleView::OnChangeFilename()
+{
+    if (GetFrame() != nullptr)
+    {
+        GetFrame()->SetLabel(GetDocument()->GetTitle());
+    }
+}
+
+bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
+{
+    if (!wxView::OnClose(deleteWindow))
+    {
+        return false;
+    }
+    Activate(false);
+    if (deleteWindow)
+    {
+        GetFrame()->Destroy();
+        SetFrame(nullptr);
+    }
+    return true;
+}
+
+void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*/, wxView* /*deactiveView*/)
+{
+    if (activate && m_ruleList != nullptr && m_explorer != nullptr && GetFrame() != nullptr)
+    {
+        SetSingleSelection(m_ruleList->SelectedCount() == 1);
+        m_explorer->ShowCounts();
+    }
+}
+
+std::vector<CQoxRule*> CQOXRMConfigModuleView::RulesOfRows() const
+{
+    return m_explorer->RulesOfRows();
+}
+
+void CQOXRMConfigModuleView::ClearRows()
+{
+    m_ruleList->SetFilling(true);
+    m_ruleList->DeleteAllItems();
+    m_ruleList->SetFilling(false);
+}
+
+void CQOXRMConfigModuleView::SetDocumentModified(bool modified)
+{
+    Doc().Modify(modified);
+}
+
+void CQOXRMConfigModuleView::SetSingleSelection(bool single)
+{
+    g_pApp->SetDocOpenState(single ? 1 : 0);
+}
+
+void CQOXRMConfigModuleView::ClearSummary()
+{
+    m_summaryList->DeleteAllItems();
+}
+
+void CQOXRMConfigModuleView::ShowSummary(const std::wstring& text)
+{
+    m_summaryList->DeleteAllItems();
+    const int width = std::max(m_summaryList->GetClientSize().GetWidth() - SummaryScrollAllowance, 0);
+    m_summaryList->SetColumnWidth(0, width);
+    const int textWidth = m_summaryList->GetTextExtent(text).GetWidth();
+    for (const std::wstring& line : WrapSummary(text, width, textWidth))
+    {
+        m_summaryList->InsertItem(m_summaryList->GetItemCount(), line);
+    }
+}
+
+void CQOXRMConfigModuleView::SetStatus(const std::wstring& text)
+{
+    s_frames->SetStatusText(text);
+}
+
+void CQOXRMConfigModuleView::TellNoDatabaseModule()
+{
+    g_pApp->Prompt().ShowBox(BoxKind::Warning, LoadText(TextId::NoDatabaseModule), LoadText(TextId::ApplicationTitle));
+}
+
+void CQOXRMConfigModuleView::Layout()
+{
+    const wxSize size = m_form->GetClientSize();
+    const int width = std::max(size.GetWidth() - 2 * Margin, 1);
+    const int height = size.GetHeight();
+    const int labelTop = Margin + height * 3 / 4;
+
+    m_ruleList->SetSize(Margin, Margin, width, std::max(height * 3 / 4 - Margin, 1));
+    const wxSize labelSize = m_summaryLabel->GetBestSize();
+    m_summaryLabel->SetSize(Margin, labelTop, labelSize.GetWidth(), labelSize.GetHeight());
+    m_summaryList->SetSize(Margin, labelTop + labelSize.GetHeight() + 5, width, std::max(height / 4 - 40, 1));
+
+    for (int column = RuleColumnCount - 1; column >= 0; --column)
+    {
+        m_ruleList->SetColumnWidth(column, static_cast<int>(width * ColumnShares[static_cast<std::size_t>(column)]));
+    }
+    if (m_explorer != nullptr)
+    {
+        m_explorer->ShowRuleSummary();
+    }
+}

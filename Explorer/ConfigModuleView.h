@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Document/RuleView.h"
+#include "Explorer/RuleExplorer.h"
+#include "Explorer/RuleRows.h"
+
+#include <wx/docview.h>
+
+#include <memory>
+
+class CQOXRMConfigModuleDoc;
+class CQOXRMListCtrlEx;
+class wxListCtrl;
+class wxPanel;
+class wxStaticText;
+class wxWindow;
+
+/// Makes the frame of a view inside the main window and knows the main window's status bar.
+/// The program registers one before the first view is made.
+class IViewFrames
+{
+public:
+    virtual ~IViewFrames() = default;
+
+    /// A frame for the view; owned by the window system.
+    virtual wxWindow* MakeFrame(wxDocument* document, wxView* view) = 0;
+    virtual void SetStatusText(const wxString& text) = 0;
+};
+
+/// The main window of a rule document: all rules of all modules with boxes, and the summary
+/// of the selected one.
+class CQOXRMConfigModuleView : public wxView, public IRuleView, public IExplorerWindow
+{
+public:
+    CQOXRMConfigModuleView() = default;
+    ~CQOXRMConfigModuleView() override;
+
+    /// Who makes the frames; not owned.
+    static void SetFrames(IViewFrames* frames) { s_frames = frames; }
+
+    bool OnCreate(wxDocument* document, long flags) override;
+    void OnDraw(wxDC* dc) override;
+    void OnUpdate(wxView* sender, wxObject* hint) override;
+    void OnChangeFilename() override;
+    bool OnClose(bool deleteWindow) override;
+    void OnActivateView(bool activate, wxView* activeView, wxView* deactiveView) override;
+
+    void OnInitialUpdate() override;
+    std::vector<CQoxRule*> RulesOfRows() const override;
+    void ClearRows() override;
+
+    CQOXRMListCtrlEx& RuleListCtrl() { return *m_ruleList; }
+    wxListCtrl& SummaryListCtrl() { return *m_summaryList; }
+
+private:
+    void SetDocumentModified(bool modified) override;
+    void SetSingleSelection(bool single) override;
+    void ClearSummary() override;
+    void ShowSummary(const std::wstring& text) override;
+    void SetStatus(const std::wstring& text) override;
+    void TellNoDatabaseModule() override;
+
+    CQOXRMConfigModuleDoc& Doc() const;
+    void MakeControls();
+    void Layout();
+    void UpdateRuleList(bool fromDocument);
+
+    static IViewFrames* s_frames; // owned by the program
+
+    wxPanel* m_form = nullptr;                   // these four are owned by the window system
+    CQOXRMListCtrlEx* m_ruleList = nullptr;
+    wxStaticText* m_summaryLabel = nullptr;
+    wxListCtrl* m_summaryList = nullptr;
+    std::unique_ptr<RuleExplorer> m_explorer;
+
+    wxDECLARE_DYNAMIC_CLASS(CQOXRMConfigModuleView);
+};

@@ -1,0 +1,104 @@
+#include "Explorer/ListCtrlEx.h"
+
+namespace
+{
+
+// A column is widened once a text needs more than it has with this much air.
+constexpr double ColumnAir = 1.2;
+
+} // namespace
+
+CQOXRMListCtrlEx::CQOXRMListCtrlEx(wxWindow* parent)
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxBORDER_THEME)
+{
+    EnableCheckBoxes();
+    Bind(wxEVT_LIST_ITEM_SELECTED, &CQOXRMListCtrlEx::ReportChange, this);
+    Bind(wxEVT_LIST_ITEM_DESELECTED, &CQOXRMListCtrlEx::ReportChange, this);
+    Bind(wxEVT_LIST_ITEM_CHECKED, &CQOXRMListCtrlEx::ReportChange, this);
+    Bind(wxEVT_LIST_ITEM_UNCHECKED, &CQOXRMListCtrlEx::ReportChange, this);
+}
+
+void CQOXRMListCtrlEx::ReportChange(wxListEvent& event)
+{
+    event.Skip();
+    if (!m_filling && m_rowChanged)
+    {
+        m_rowChanged(static_cast<int>(event.GetIndex()));
+    }
+}
+
+int CQOXRMListCtrlEx::RowCount() const
+{
+    return GetItemCount();
+}
+
+CQoxRule* CQOXRMListCtrlEx::RuleOfRow(int row) const
+{
+    return row < 0 ? nullptr : reinterpret_cast<CQoxRule*>(GetItemData(row));
+}
+
+int CQOXRMListCtrlEx::InsertRow(CQoxRule* rule, const std::wstring& text)
+{
+    const long row = InsertItem(GetItemCount(), text);
+    SetItemPtrData(row, reinterpret_cast<wxUIntPtr>(rule));
+    return static_cast<int>(row);
+}
+
+void CQOXRMListCtrlEx::RemoveRow(int row)
+{
+    DeleteItem(row);
+}
+
+void CQOXRMListCtrlEx::SetText(int row, int column, const std::wstring& text)
+{
+    SetItem(row, column, text);
+}
+
+bool CQOXRMListCtrlEx::IsTicked(int row) const
+{
+    return IsItemChecked(row);
+}
+
+void CQOXRMListCtrlEx::SetTicked(int row, bool ticked)
+{
+    CheckItem(row, ticked);
+}
+
+void CQOXRMListCtrlEx::SetSelected(int row, bool selected)
+{
+    SetItemState(row, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+}
+
+void CQOXRMListCtrlEx::DeselectAll()
+{
+    for (long row = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED); row != wxNOT_FOUND;
+         row = GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED))
+    {
+        SetItemState(row, 0, wxLIST_STATE_SELECTED);
+    }
+}
+
+int CQOXRMListCtrlEx::SelectedCount() const
+{
+    return GetSelectedItemCount();
+}
+
+int CQOXRMListCtrlEx::FirstSelected() const
+{
+    return static_cast<int>(GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED));
+}
+
+void CQOXRMListCtrlEx::WidenColumnFor(int column, const std::wstring& text)
+{
+    const int width = GetColumnWidth(column);
+    // No text is wider than its length times the widest letter: most need no measuring.
+    if (static_cast<double>(text.size()) * GetCharWidth() * 2 * ColumnAir <= width)
+    {
+        return;
+    }
+    const double needed = GetTextExtent(text).GetWidth() * ColumnAir;
+    if (width < needed)
+    {
+        SetColumnWidth(column, static_cast<int>(needed));
+    }
+}

@@ -1,0 +1,266 @@
+#include "Explorer/RuleExplorer.h"
+
+#include "Document/RuleDocument.h"
+#include "Explorer/RuleRows.h"
+#include "Explorer/RuleText.h"
+#include "Modules/ModuleSet.h"
+#include "Platform/Files.h"
+#include "Platform/Text.h"
+#include "Utilities/QOXUIUtils.h"
+#include "Utilities/Texts.h"
+
+#include <Vantrel/QoxRule.h>
+
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace
+{
+
+constexpr std::int32_t StateUnticked = 0;
+constexpr std::int32_t StateTicked = 1;
+
+/// What two rules must have in common to be the same one, in a form that compares without
+/// regard to case.
+std::wstring MatchKey(const CQoxRule& rule)
+{
+    // Not a character of any name or summary.
+    constexpr wchar_t Between = L'\x1f';
+    return Platform::ToLower(rule.m_strRuleName) + Between + Platform::ToLower(rule.m_strSummary2) + Between +
+           Platform::ToLower(Platform::FileNamePart(rule.m_strModulePath));
+}
+
+std::wstring UnitKey(const CQoxRule& rule)
+{
+    constexpr wchar_t Between = L'\x1f';
+    return Platform::ToLower(rule.m_strRuleName) + Between + Platform::ToLower(rule.m_strCategory);
+}
+
+} // namespace
+
+RuleExplorer::RuleExplorer(RuleDocument& document, const ModuleSet& modules, IRuleRows& rows, IExplorerWindow& window,
+                           VSTAQuery areVSTARulesSupported)
+    : m_document(document), m_modules(modules), m_rows(rows), m_window(window),
+      m_areVSTARulesSupported(std::move(areVSTARulesSupported))
+{
+}
+
+void RuleExplorer::UpdateRuleList(bool fromDocument)
+{
+    m_ruleArray.RemoveAll();
+    m_documentRulesMerged = false;
+    GatherRules(m_modules, m_askedModules, m_ruleArray, [this] { m_window.TellNoDatabaseModule(); });
+    for (CQoxRule* const rule : m_document.UserRules())
+    {
+        m_ruleArray.Add(rule);
+    }
+    if (fromDocument)
+    {
+        MergeDocumentRules();
+    }
+    RemoveStaleRows();
+    m_window.ClearSummary();
+    FillRows();
+    if (m_documentRulesMerged)
+    {
+        m_window.SetDocumentModified(false); // reading a file is no change
+    }
+    if (m_rows.RowCount() == 0)
+    {
+        m_window.SetSingleSelection(false);
+    }
+}
+
+void RuleExplorer::MergeDocumentRules()
+{
+    std::unordered_map<std::wstring, std::int32_t> places; // of several the last, as a search from the end finds
+    for (std::int32_t place = 0; place < m_ruleArray.GetSize(); ++place)
+    {
+        if (m_ruleArray[place] != nullptr)
+        {
+            places[MatchKey(*m_ruleArray[place])] = place;
+        }
+    }
+    PointerArray documentRules;
+    m_document.Header().GetRules(documentRules);
+    for (CQoxRule* const documentRule : documentRules)
+    {
+        const auto found = places.find(MatchKey(*documentRule));
+        if (found == places.end())
+        {
+            continue; // stays in the document's tree, without a row
+        }
+        CQoxRule* replaced = m_ruleArray[found->second];
+        documentRule->m_strRuleModule = replaced->m_strRuleModule;
+        m_document.Rules().Remove(replaced);
+        m_ruleArray[found->second] = documentRule;
+        documentRule->m_strModulePath = replaced->m_strModulePath;
+        documentRule->m_nRuleState = StateTicked;
+        m_document.Rules().Append(documentRule);
+        m_documentRulesMerged = true;
+        m_document.DeleteRuleFromDocument(replaced);
+        if (documentRule->IsUserDefined())
+        {
+            m_document.UserRules().Add(documentRule);
+        }
+    }
+}
+
+void RuleExplorer::RemoveStaleRows()
+{
+    for (int row = m_rows.RowCount() - 1; row >= 0; --row)
+    {
+        CQoxRule* rule = m_rows.RuleOfRow(row);
+        if (rule == nullptr || m_modules.IsConfigured(rule->m_strModulePath))
+        {
+            continue;
+        }
+        m_rows.RemoveRow(row);
+        if (rule->IsUserDefined())
+        {
+            continue; // comes again with the user-defined rules of the array
+        }
+        rule->m_nRuleState = StateUnticked;
+        if (m_document.Rules().Remove(rule))
+        {
+            m_window.SetDocumentModified(true);
+        }
+        m_document.DeleteRuleFromDocument(rule);
+    }
+}
+
+void RuleExplorer::FillRows()
+{
+    m_lastTickedRow = -1;
+    for (CQoxRule* const rule : m_ruleArray)
+    {
+        if (rule != nullptr && !IsHiddenRule(*rule))
+        {
+            AddRow(rule);
+        }
+    }
+    if (m_lastTickedRow >= 0)
+    {
+        m_rows.SetSelected(m_lastTickedRow, false);
+    }
+}
+
+bool RuleExplorer::AddRow(CQoxRule* rule)
+{
+    const std::optional<bool> supported = m_areVSTARulesSupported();
+    if (!supported || (!*supported && Platform::EqualsNoCase(rule->m_strRuleModule, VSTARuleMark)))
+    {
+        return false;
+    }
+    const int row = m_rows.InsertRow(rule, rule->m_strDisplayName);
+    m_rows.SetSelected(row, rule->m_nRuleState == StateTicked);
+    // Measured on the name though the display name is shown: the two differ little, and
+    // the widths that files in the field were seen with depend on it.
+    m_rows.WidenColumnFor(static_cast<int>(RuleColumn::Name), rule->m_strRuleName);
+    for (const RuleColumn column : { RuleColumn::Category, RuleColumn::Module, RuleColumn::Criticality })
+    {
+        const std::wstring text = RuleColumnText(*rule, column);
+        m_rows.SetText(row, static_cast<int>(column), text);
+        m_rows.WidenColumnFor(static_cast<int>(column), text);
+    }
+    if (rule->m_nRuleState == StateTicked)
+    {
+        m_rows.DeselectAll();
+        m_rows.SetTicked(row, true);
+        m_lastTickedRow = row;
+    }
+    rule->m_units = m_document.Header().newRuleUnits;
+    return true;
+}
+
+void RuleExplorer::OnRowChanged(int row)
+{
+    if (row < 0 || row >= m_rows.RowCount())
+    {
+        return;
+    }
+    m_rows.SetAnchor(row);
+    m_window.ClearSummary();
+    CQoxRule* const rule = m_rows.RuleOfRow(row);
+    if (rule != nullptr)
+    {
+        ShowRuleSummary();
+    }
+    MarkSingleSelection();
+    if (rule == nullptr)
+    {
+        return;
+    }
+    RuleList& rules = m_document.Rules();
+    const bool ticked = m_rows.IsTicked(row);
+    if (!ticked && rules.Remove(rule))
+    {
+        m_window.SetDocumentModified(true);
+        rule->m_nRuleState = StateUnticked;
+        LogMessage(L"%s Rule is Deselected", rule->m_strRuleName);
+    }
+    else if (ticked && !rules.Contains(rule))
+    {
+        rules.Append(rule);
+        m_window.SetDocumentModified(true);
+        rule->m_nRuleState = StateTicked;
+        LogMessage(L"%s Rule is Selected", rule->m_strRuleName);
+    }
+    ShowCounts();
+}
+
+void RuleExplorer::MarkSingleSelection()
+{
+    m_window.SetSingleSelection(m_rows.SelectedCount() == 1);
+}
+
+void RuleExplorer::ShowCounts()
+{
+    m_window.SetStatus(
+        FormatText(TextId::RuleCount, { std::to_wstring(m_document.Rules().Size()), std::to_wstring(m_rows.RowCount()) }));
+}
+
+void RuleExplorer::ShowRuleSummary()
+{
+    if (m_rows.SelectedCount() != 1)
+    {
+        return;
+    }
+    const CQoxRule* const rule = m_rows.RuleOfRow(m_rows.FirstSelected());
+    if (rule != nullptr)
+    {
+        m_window.ShowSummary(rule->m_strSummary);
+    }
+}
+
+void RuleExplorer::ApplyUnitsToNewRules()
+{
+    const structRulesUnit& oldUnits = m_document.Header().oldRuleUnits;
+    const structRulesUnit& newUnits = m_document.Header().newRuleUnits;
+    std::unordered_set<std::wstring> documentRules;
+    for (const CQoxRule* const rule : m_document.Rules().Rules())
+    {
+        documentRules.insert(UnitKey(*rule));
+    }
+    for (CQoxRule* const rule : RulesOfRows())
+    {
+        // A rule of the file stands in the file's units already.
+        const bool isNew = !documentRules.contains(UnitKey(*rule));
+        rule->UpdateRule(isNew ? &oldUnits : &newUnits, &newUnits);
+    }
+}
+
+std::vector<CQoxRule*> RuleExplorer::RulesOfRows() const
+{
+    std::vector<CQoxRule*> rules;
+    const int count = m_rows.RowCount();
+    for (int row = 0; row < count; ++row)
+    {
+        if (CQoxRule* const rule = m_rows.RuleOfRow(row))
+        {
+            rules.push_back(rule);
+        }
+    }
+    return rules;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <Vantrel/PointerArray.h>
+
+#include <functional>
+#include <list>
+#include <optional>
+#include <string>
+#include <vector>
+
+class CQoxRule;
+class IExplorerWindow;
+class IRuleRows;
+class ModuleSet;
+class RuleDocument;
+
+/// The logic of the rule explorer: the rules of all modules as rows, those of the document
+/// ticked, and what ticking does to the document. Owns nothing that it is given.
+class RuleExplorer
+{
+public:
+    /// Whether VSTA rules work on this host; nothing if the framework can't tell.
+    using VSTAQuery = std::function<std::optional<bool>()>;
+
+    RuleExplorer(RuleDocument& document, const ModuleSet& modules, IRuleRows& rows, IExplorerWindow& window,
+                 VSTAQuery areVSTARulesSupported);
+
+    /// Gathers the rules of modules that weren't asked yet, adds the user-defined ones and,
+    /// if `fromDocument`, puts the document's rules in the place of those that they match;
+    /// then brings the rows in line.
+    void UpdateRuleList(bool fromDocument);
+
+    /// Adds a row for a rule. False if the rule gets none.
+    bool AddRow(CQoxRule* rule);
+
+    /// A row's selection or box has changed: takes the rule into the document or out of it.
+    void OnRowChanged(int row);
+
+    /// Shows how many rules are selected out of how many.
+    void ShowCounts();
+
+    /// Shows the summary of the one selected row. Does nothing for several rows or none.
+    void ShowRuleSummary();
+
+    /// Converts the rules that are new to the document to its units.
+    void ApplyUnitsToNewRules();
+
+    /// The rules of all rows, for giving them back when the view closes.
+    std::vector<CQoxRule*> RulesOfRows() const;
+
+private:
+    void MergeDocumentRules();
+    void RemoveStaleRows();
+    void FillRows();
+    void MarkSingleSelection();
+
+    RuleDocument& m_document;
+    const ModuleSet& m_modules;
+    IRuleRows& m_rows;
+    IExplorerWindow& m_window;
+    VSTAQuery m_areVSTARulesSupported;
+    PointerArray m_ruleArray; // rules that a refill must still turn into rows
+    std::list<std::wstring> m_askedModules;
+    bool m_documentRulesMerged = false;
+    int m_lastTickedRow = -1;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <Vantrel/ParamStorage.h>
+
+#include <pugixml.hpp>
+
+#include <cstdint>
+#include <optional>
+
+/// The `Parameter` element of rule files, held against `CQoxParamStorage`.
+class ParameterXml
+{
+public:
+    /// The number of the parameter that the element tells of. Nothing if it has none or
+    /// is of a kind that this version doesn't know; it is then kept unread.
+    static std::optional<std::int32_t> NumberOf(pugi::xml_node element);
+
+    /// Fills the parameter from the element. What the element lacks stays as it was, and
+    /// so does a number that can't be read.
+    static void Read(CQoxParamStorage& parameter, pugi::xml_node element);
+
+    /// Fills an empty element from the parameter.
+    static void Write(const CQoxParamStorage& parameter, pugi::xml_node element);
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <string>
+
+class CQoxParamStorage;
+class CQoxRule;
+
+/// The `Rule` element of rule files, held against `CQoxRule`.
+class RuleXml
+{
+public:
+    /// Fills the rule from the element. What the element lacks stays as it was.
+    static void Read(CQoxRule& rule, pugi::xml_node element);
+
+    /// Fills an empty element from the rule.
+    static void Write(const CQoxRule& rule, pugi::xml_node element);
+
+private:
+    static void ReadAttributes(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown);
+    static void ReadChildren(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown);
+};

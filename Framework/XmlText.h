@@ -1,0 +1,28 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace VantrelXml
+{
+
+/// Takes over UTF-8 as wide text; quick for the ASCII that rule files are full of.
+void AssignWide(std::wstring& text, const char* utf8);
+
+/// Appends an attribute with a wide text. Control characters that no XML file may hold
+/// become blanks.
+void AppendAttribute(pugi::xml_node element, const char* name, std::wstring_view value);
+
+/// Appends `<name Value="..."/>`, the form of one entry of a list of texts.
+void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_view value);
+
+/// Reads one entry of a list. The first one takes the place of what the list held.
+void ReadListElement(std::vector<std::wstring>& list, pugi::xml_node element, bool& seen);
+
+/// Appends the attributes and children of markup that was kept unread.
+void AppendUnknown(pugi::xml_node element, const std::string& markup);
+
+} // namespace VantrelXml

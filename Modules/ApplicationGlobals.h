@@ -1,0 +1,33 @@
+#pragma once
+
+class IUserPrompt;
+class ModuleSet;
+class QoxXMLDocument;
+
+/// What the parts below the windows need of the application object.
+class IRuleApplication
+{
+public:
+    virtual ~IRuleApplication() = default;
+
+    /// The loaded rule modules and database modules.
+    virtual ModuleSet& Modules() = 0;
+
+    /// The way to ask the user.
+    virtual IUserPrompt& Prompt() = 0;
+
+    /// Enables or disables the commands that act on one selected rule.
+    virtual void SetDocOpenState(int state) = 0;
+
+    /// True if a document window is open and active.
+    virtual bool HasActiveDocument() const = 0;
+};
+
+/// The application object. Set only in a first instance; null before and in others.
+extern IRuleApplication* g_pApp;
+
+/// The document of the load or save in progress, else null. One runs at a time.
+extern QoxXMLDocument* g_pXmlDoc;
+
+/// The command line named a script rule package.
+extern bool g_bScriptRuleFile;

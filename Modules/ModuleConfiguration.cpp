@@ -1,0 +1,189 @@
+#include "Modules/ModuleConfiguration.h"
+
+#include "Modules/FrameworkLibrary.h"
+#include "Modules/IniFile.h"
+#include "Platform/Environment.h"
+#include "Platform/Files.h"
+#include "Platform/Library.h"
+#include "Platform/Process.h"
+#include "Platform/Text.h"
+#include "Utilities/QOXUIUtils.h"
+
+#include <Vantrel/FrameworkFunctions.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+constexpr const wchar_t* ConfigFileName = L"ConfigModule.ini";
+constexpr const wchar_t* DefaultDatabaseModule = L"QoxSqliteDatabaseu.dll";
+
+struct DefaultModule
+{
+    int number;
+    const wchar_t* fileName;
+};
+
+// The gap before 12 is on purpose. Reading stops at it, so that tubing is offered in the
+// file for whoever closes the gap, but isn't loaded by default.
+constexpr std::array DefaultModules = {
+    DefaultModule{ 1, L"QoxMillRulesu.dll" },      DefaultModule{ 2, L"QoxTurnRulesu.dll" },
+    DefaultModule{ 3, L"QoxSMRulesu.dll" },        DefaultModule{ 4, L"QOXIMRulesu.dll" },
+    DefaultModule{ 5, L"QOXAssemblyRulesu.dll" },  DefaultModule{ 6, L"QoxGenericRulesu.dll" },
+    DefaultModule{ 7, L"QOXCastingRulesu.dll" },   DefaultModule{ 8, L"QOXDieCastRulesu.dll" },
+    DefaultModule{ 9, L"QoxToleranceRulesu.dll" }, DefaultModule{ 12, L"QOXTubingRulesu.dll" },
+};
+
+// A variable may name itself in its text. Expansion then has no end of its own; these
+// bounds are far above what any path needs.
+constexpr int MostReplacements = 1000;
+constexpr std::size_t LongestValue = 32768;
+
+std::string KeyOf(int number)
+{
+    return "module" + std::to_string(number);
+}
+
+std::wstring ListEntry(const std::string& value)
+{
+    return Platform::ConfiguredLibraryName(Platform::ToLower(Platform::FromCodePage(value)));
+}
+
+ModuleConfiguration RealConfiguration()
+{
+    return { GetModuleConfigFile(), Platform::ProgramFolder(), &Platform::EnvironmentVariable };
+}
+
+} // namespace
+
+ModuleConfiguration::ModuleConfiguration(std::wstring configFile, std::wstring programFolder,
+                                         EnvironmentLookup environment)
+    : m_configFile(ToNarrow(configFile)), m_programFolder(std::move(programFolder)),
+      m_environment(std::move(environment))
+{
+}
+
+void ModuleConfiguration::GetConfiguredModules(const std::string& section, std::list<std::wstring>& modules) const
+{
+    modules.clear();
+    const CIniFile file;
+    if (!file.FileExists(m_configFile))
+    {
+        file.Create(m_configFile);
+    }
+    modules = ReadModules(section, true);
+    if (!modules.empty())
+    {
+        return;
+    }
+    if (section == RuleModuleSection)
+    {
+        WriteConfigDefaults(modules);
+    }
+    else if (section == DatabaseModuleSection)
+    {
+        WriteDatabaseDefaults(modules);
+    }
+}
+
+std::list<std::wstring> ModuleConfiguration::ReadModules(const std::string& section, bool expand) const
+{
+    std::list<std::wstring> modules;
+    const CIniFile file;
+    for (int number = 1;; ++number)
+    {
+        const CIniFile::Records found = file.GetRecord(KeyOf(number), section, m_configFile);
+        if (found.empty())
+        {
+            return modules;
+        }
+        const std::string& value = found.front().Value;
+        modules.push_back(ListEntry(expand ? Expand(value) : value));
+    }
+}
+
+std::string ModuleConfiguration::Expand(std::string value) const
+{
+    for (int count = 0; count < MostReplacements && value.size() < LongestValue; ++count)
+    {
+        const std::size_t start = value.find('%');
+        if (start == std::string::npos)
+        {
+            break;
+        }
+        const std::string prefix = value.substr(0, start);
+        value.erase(0, start + 1);
+        // Without a second `%` the rest serves as the name and as what follows it.
+        const std::size_t end = value.find('%');
+        const std::string name = value.substr(0, end);
+        const std::string suffix = end == std::string::npos ? value : value.substr(end + 1);
+        const std::optional<std::wstring> text = m_environment(Platform::FromCodePage(name));
+        if (!text)
+        {
+            break;
+        }
+        value = prefix + ToNarrow(*text) + suffix;
+    }
+    return value;
+}
+
+std::string ModuleConfiguration::DefaultPath(const wchar_t* fileName) const
+{
+    return ToNarrow(m_programFolder + Platform::PathSeparator + fileName);
+}
+
+void ModuleConfiguration::WriteConfigDefaults(std::list<std::wstring>& modules) const
+{
+    const CIniFile file;
+    file.AddSection(RuleModuleSection, m_configFile);
+    for (const DefaultModule& module : DefaultModules)
+    {
+        file.AddRecord(KeyOf(module.number), DefaultPath(module.fileName), RuleModuleSection, m_configFile);
+    }
+    modules = ReadModules(RuleModuleSection, false);
+}
+
+void ModuleConfiguration::WriteDatabaseDefaults(std::list<std::wstring>& modules) const
+{
+    const CIniFile file;
+    file.AddSection(DatabaseModuleSection, m_configFile);
+    const std::string path = DefaultPath(DefaultDatabaseModule);
+    if (file.AddRecord(KeyOf(1), path, DatabaseModuleSection, m_configFile))
+    {
+        modules.push_back(ListEntry(path));
+    }
+}
+
+std::wstring GetModuleConfigFile()
+{
+    const auto getFolder = FindFrameworkFunction<GetDataSettingsFolderPathFunction>(LoadFrameworkLibrary(),
+                                                                                   "GetDataSettingsFolderPath");
+    if (getFolder == nullptr)
+    {
+        return {};
+    }
+    std::vector<wchar_t> buffer(260);
+    std::size_t size = buffer.size();
+    std::size_t length = getFolder(buffer.data(), &size);
+    if (length > buffer.size())
+    {
+        buffer.resize(length + 1);
+        size = buffer.size();
+        length = std::min(getFolder(buffer.data(), &size), buffer.size());
+    }
+    return std::wstring(buffer.data(), length) + ConfigFileName;
+}
+
+void ReadConfigModules(std::list<std::wstring>& modules)
+{
+    RealConfiguration().GetConfiguredModules(RuleModuleSection, modules);
+}
+
+void ReadDBModules(std::list<std::wstring>& modules)
+{
+    RealConfiguration().GetConfiguredModules(DatabaseModuleSection, modules);
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Platform/Library.h"
+
+#include <Vantrel/ModuleInterface.h>
+
+#include <list>
+#include <string>
+
+/// Calls into a loaded rule module. Every export is looked up at each call, and one that
+/// is missing makes the call do nothing; nor does a failure inside a module come out.
+class RuleModule
+{
+public:
+    /// The handle stays the caller's.
+    explicit RuleModule(Platform::LibraryHandle library) : m_library(library) {}
+
+    /// Full path of the module's library.
+    std::wstring Path() const { return Platform::LibraryPath(m_library); }
+
+    /// What `GetModuleName` gives, else the file name of the library.
+    std::wstring DisplayName() const;
+
+    /// What `GetModuleSummary` gives, else nothing.
+    std::wstring Summary() const;
+
+    /// Appends the module's rules. False if the module doesn't export `GetAllRules`.
+    bool GetAllRules(PointerArray& rules) const;
+
+    /// A new rule for the element, or null if it isn't the module's. The rule carries the
+    /// module's display name and path.
+    CQoxRule* GetRule(QoxXMLNode* node) const;
+
+    void SetXMLDoc(QoxXMLDocument* document) const;
+    void SetDBModuleList(const std::list<std::wstring>& databaseModules) const;
+
+    /// True if the module takes rules back.
+    bool TakesRulesBack() const { return Find<DeleteRuleFunction>("DeleteRule") != nullptr; }
+
+    /// Gives a rule back to the module. False if the module doesn't export `DeleteRule`;
+    /// otherwise the pointer is null afterwards.
+    bool DeleteRule(CQoxRule*& rule) const;
+
+private:
+    template <typename Function>
+    Function Find(const char* name) const
+    {
+        return reinterpret_cast<Function>(Platform::FindLibrarySymbol(m_library, name));
+    }
+
+    Platform::LibraryHandle m_library;
+};
+
+/// True if the library has every export that a rule module must have. Calls none.
+bool IsValidRuleModule(Platform::LibraryHandle library);
+
+/// Same for a database module.
+bool IsValidDatabaseModule(Platform::LibraryHandle library);

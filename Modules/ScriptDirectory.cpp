@@ -1,0 +1,54 @@
+#include "Modules/ScriptDirectory.h"
+
+#include "Modules/IniFile.h"
+#include "Modules/ModuleConfiguration.h"
+#include "Platform/Files.h"
+#include "Platform/Text.h"
+#include "Utilities/QOXUIUtils.h"
+
+namespace
+{
+
+constexpr const char* ScriptSection = "RULE_SCRIPT_LOCATION";
+constexpr const char* DirectoryKey = "directory";
+constexpr const wchar_t* DefaultFolder = L"ScriptDir";
+
+} // namespace
+
+bool GetScriptDirectory(std::wstring& path)
+{
+    return GetScriptDirectory(GetModuleConfigFile(), path);
+}
+
+bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path)
+{
+    if (configFile.empty())
+    {
+        return false;
+    }
+    const std::string narrowFile = ToNarrow(configFile);
+    const CIniFile file;
+    if (!file.FileExists(narrowFile))
+    {
+        file.Create(narrowFile);
+    }
+    bool known = true;
+    if (file.RecordExists(DirectoryKey, ScriptSection, narrowFile))
+    {
+        path = Platform::FromCodePage(file.GetValue(DirectoryKey, ScriptSection, narrowFile));
+    }
+    else
+    {
+        if (!file.SectionExists(ScriptSection, narrowFile))
+        {
+            file.AddSection(ScriptSection, narrowFile);
+        }
+        path = Platform::FolderPart(configFile) + Platform::PathSeparator + DefaultFolder;
+        known = file.AddRecord(DirectoryKey, ToNarrow(path), ScriptSection, narrowFile);
+    }
+    if (!Platform::PathExists(path))
+    {
+        known = Platform::MakeFolder(path);
+    }
+    return known;
+}

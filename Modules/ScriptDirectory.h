@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+/// The folder of user-defined rules and their scripts: the key `directory` of the section
+/// `RULE_SCRIPT_LOCATION` in `ConfigModule.ini`. The default, `ScriptDir` beside that file,
+/// is entered if the key is missing, and the folder is made if it doesn't exist (one level
+/// only). False if there is no usable folder.
+bool GetScriptDirectory(std::wstring& path);
+
+/// Same with the configuration file given.
+bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path);

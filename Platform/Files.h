@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Files and folders by wide path.
+namespace Platform
+{
+
+/// The separator that paths are cut at: `\` on one system, `/` on the other.
+extern const wchar_t PathSeparator;
+
+/// What ends a line of a text file: a line feed, or a carriage return and a line feed.
+extern const char* const TextLineEnd;
+
+/// The path in the form that the standard library opens.
+std::filesystem::path NativePath(const std::wstring& path);
+
+/// What follows the last separator; the whole text if there is none.
+std::wstring FileNamePart(std::wstring_view path);
+
+/// What stands before the last separator; empty if there is none.
+std::wstring FolderPart(std::wstring_view path);
+
+/// The path made absolute against the current folder, without resolving links.
+/// An empty path stays empty.
+std::wstring AbsolutePath(const std::wstring& path);
+
+/// True for a path that starts at a root (on Windows also a network path).
+bool IsAbsolutePath(std::wstring_view path);
+
+/// True if anything exists at the path, folders included.
+bool PathExists(const std::wstring& path);
+
+/// True if the path names a folder.
+bool FolderExists(const std::wstring& path);
+
+/// True if the path names something that can be opened as a file (folders can't).
+bool FileExists(const std::wstring& path);
+
+/// True if the file may be written: an existing one allows it, or its folder allows making
+/// it. Changes nothing.
+bool CanWriteFile(const std::wstring& path);
+
+/// Makes one folder. True if it exists afterwards as a folder.
+bool MakeFolder(const std::wstring& path);
+
+/// Makes the folder and those above it. True if it exists afterwards as a folder.
+bool MakeFolderTree(const std::wstring& path);
+
+/// Deletes a file. True if it is gone afterwards.
+bool DeleteFileAt(const std::wstring& path);
+
+/// The bytes of a file with storage that can be handed on without copying.
+/// `data` came from `malloc` and is freed by the destructor unless `Detach` was called.
+class FileBytes
+{
+public:
+    FileBytes() = default;
+    FileBytes(void* data, std::size_t size);
+    ~FileBytes();
+    FileBytes(FileBytes&& other) noexcept;
+    FileBytes& operator=(FileBytes&& other) noexcept;
+    FileBytes(const FileBytes&) = delete;
+    FileBytes& operator=(const FileBytes&) = delete;
+
+    const char* Data() const { return static_cast<const char*>(m_data); }
+    std::size_t Size() const { return m_size; }
+    std::string_view View() const { return { Data(), m_size }; }
+
+    /// Gives the storage to the caller, who frees it with `free`.
+    void* Detach();
+
+private:
+    void* m_data = nullptr;
+    std::size_t m_size = 0;
+};
+
+/// Reads a whole regular file. Nothing for a folder, a device, a file that can't be
+/// opened or one that can't be read to its end. An empty file gives zero bytes.
+std::optional<FileBytes> ReadWholeFile(const std::wstring& path);
+
+/// Replaces the contents of a file so that at every moment either the old or the new
+/// contents are there in full: the bytes go into a temporary file beside it, are
+/// flushed, and take the file's place. Permissions are kept and links are followed.
+/// Where no file can be made beside it but the file itself may be written, it is
+/// written in place, as a plain writer would. A file that may not be written fails even
+/// if it could be replaced. False leaves the old file as it was (in-place writing apart),
+/// and no temporary file stays.
+bool ReplaceFile(const std::wstring& path, std::string_view bytes);
+
+/// The folder for temporary files, with a separator at its end. Empty if there is none.
+std::wstring TemporaryFolder();
+
+} // namespace Platform

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace Platform::Posix
+{
+
+/// A lock between processes on a file that is there for nothing else. The system gives it
+/// back when the process ends, however it ends. The file stays: whoever removed it could
+/// take it from under one that has just opened it.
+class FileLock
+{
+public:
+    /// Opens the file and makes it if it is missing, without taking the lock.
+    explicit FileLock(const std::string& path);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+    /// False if the file could be neither opened nor made.
+    bool IsOpen() const { return m_file >= 0; }
+
+    /// Takes the lock if no one else has it.
+    bool TryTake();
+
+    /// Takes the lock as soon as others give it back, within some seconds.
+    bool Take();
+
+private:
+    int m_file = -1;
+};
+
+} // namespace Platform::Posix

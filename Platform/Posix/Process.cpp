@@ -1,0 +1,104 @@
+#include "Platform/Process.h"
+
+#include "Platform/Files.h"
+#include "Platform/Posix/PathBytes.h"
+#include "Platform/Posix/UserFolders.h"
+
+#include <array>
+#include <clocale>
+#include <climits>
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace Platform
+{
+namespace
+{
+
+std::wstring HomeFolder()
+{
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && *home == '/')
+    {
+        return Posix::PathText(home);
+    }
+    const passwd* user = ::getpwuid(::geteuid());
+    return user != nullptr && user->pw_dir != nullptr ? Posix::PathText(user->pw_dir) : std::wstring(L"/tmp");
+}
+
+/// A folder that a variable names, else one in the home folder. Relative ones don't count.
+std::wstring RootFolder(const char* variable, const wchar_t* belowHome)
+{
+    const char* configured = std::getenv(variable);
+    std::wstring folder =
+        configured != nullptr && *configured == '/' ? Posix::PathText(configured) : HomeFolder() + belowHome;
+    while (folder.size() > 1 && folder.back() == PathSeparator)
+    {
+        folder.pop_back();
+    }
+    return folder;
+}
+
+} // namespace
+
+namespace Posix
+{
+
+std::wstring ConfigurationRoot()
+{
+    return RootFolder("XDG_CONFIG_HOME", L"/.config");
+}
+
+std::wstring DataRoot()
+{
+    return RootFolder("XDG_DATA_HOME", L"/.local/share");
+}
+
+} // namespace Posix
+
+std::wstring ProgramPath()
+{
+    std::array<char, PATH_MAX> target = {};
+    const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
+    if (length <= 0)
+    {
+        return {};
+    }
+    std::string path(target.data(), static_cast<std::size_t>(length));
+    // The system marks the file of a running program that was replaced by an update.
+    constexpr std::string_view Mark = " (deleted)";
+    if (path.ends_with(Mark) && ::access(path.c_str(), F_OK) != 0)
+    {
+        path.resize(path.size() - Mark.size());
+    }
+    return Posix::PathText(path);
+}
+
+std::wstring ProgramFolder()
+{
+    return FolderPart(ProgramPath());
+}
+
+std::wstring UserDataFolder()
+{
+    return Posix::DataRoot() + L"/vantrel/";
+}
+
+std::wstring UserConfigurationFolder()
+{
+    return Posix::ConfigurationRoot() + L"/vantrel";
+}
+
+void UseUserLocale()
+{
+    if (std::setlocale(LC_CTYPE, "") == nullptr)
+    {
+        // The user's locale isn't installed. Text beyond ASCII must not be lost for that.
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+    }
+    std::setlocale(LC_COLLATE, "");
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+} // namespace Platform

@@ -1,0 +1,26 @@
+set(VANTREL_PLATFORM_SOURCES
+    Posix/Automation.cpp
+    Posix/CodePage.cpp
+    Posix/Desktop.cpp
+    Posix/ElfFile.cpp
+    Posix/Environment.cpp
+    Posix/FileLock.cpp
+    Posix/FileOperations.cpp
+    Posix/Files.cpp
+    Posix/InstanceRecord.cpp
+    Posix/InstanceSocket.cpp
+    Posix/Library.cpp
+    Posix/LibraryFile.cpp
+    Posix/Process.cpp
+    Posix/ProcessVariable.cpp
+    Posix/ReadFile.cpp
+    Posix/Registry.cpp
+    Posix/RegistryStore.cpp
+    Posix/ReplaceFile.cpp
+    Posix/SingleInstance.cpp
+    Posix/WriteAccess.cpp)
+set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS})
+
+pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0)
+set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp)
+set(VANTREL_PLATFORM_LOOP_LINK PkgConfig::GLib)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// How a box looks and what it says it is about.
+enum class BoxKind
+{
+    Information,
+    Warning,
+    Error,
+};
+
+/// The one way in which the program asks its user. Implemented once with windows; tests
+/// give the answers. Code below the windows gets it handed in.
+class IUserPrompt
+{
+public:
+    virtual ~IUserPrompt() = default;
+
+    /// Shows a text with an OK button and waits for it.
+    virtual void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) = 0;
+
+    /// Asks a question; true for Yes. Closing the box counts as No.
+    virtual bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) = 0;
+};

@@ -1,0 +1,18 @@
+#!/bin/bash
+# Runs all benchmarks of a build, one after the other.
+#
+#   run-benchmarks.sh <build folder> [<argument for each>...]
+
+set -u
+
+[ $# -ge 1 ] || { echo "usage: $0 <build folder> [<argument>...]" >&2; exit 2; }
+build=$1
+shift
+
+[ -s "$build/benchmarks.txt" ] || { echo "There are no benchmarks." >&2; exit 1; }
+status=0
+while IFS='|' read -r name program; do
+    echo "== $name"
+    "$program" "$@" </dev/null || { echo "$name failed with status $?" >&2; status=1; }
+done <"$build/benchmarks.txt"
+exit "$status"

@@ -1,0 +1,230 @@
+#include "Document/RuleDocument.h"
+#include "Document/UserRuleFile.h"
+#include "Modules/RuleModule.h"
+#include "Platform/Files.h"
+#include "Utilities/QOXUIUtils.h"
+#include "tests/Document/TestApplication.h"
+#include "tests/Support/TestFiles.h"
+
+#include <Vantrel/ConcreteQOXRule.h>
+#include <Vantrel/VantrelLog.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr const char* CompleteRule =
+    "<Rule RuleModule=\"Complete Test Module\" RuleName=\"TestModuleComplete Rule 1\"/>";
+
+class RuleDocumentTest : public testing::Test
+{
+protected:
+    TestApplication application;
+    TemporaryFolder folder;
+    std::wstring path = folder.File(L"rules.vrf");
+};
+
+void WriteUserRules(const std::string& rules)
+{
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq>" + rules + "</Lumeq>");
+}
+
+} // namespace
+
+TEST_F(RuleDocumentTest, OpeningReadsTheFileAndTheUserDefinedRules)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    WriteUserRules("<Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/>");
+    WriteBytes(path, std::string("<Lumeq Unit=\"3\">") + CompleteRule + "</Lumeq>");
+    RuleDocument document;
+    EXPECT_FALSE(document.IsUnitSet());
+    ASSERT_TRUE(document.Open(path));
+    EXPECT_TRUE(document.IsUnitSet());
+    EXPECT_EQ(document.OpenPath(), path);
+    EXPECT_EQ(document.Header().GetCount(), 1);
+    ASSERT_EQ(document.UserRules().GetSize(), 1);
+    EXPECT_EQ(document.UserRules()[0]->m_strRuleName, L"Mine");
+}
+
+TEST_F(RuleDocumentTest, AFileThatIsNoXmlIsNotOpened)
+{
+    WriteBytes(path, "no xml");
+    RuleDocument document;
+    EXPECT_FALSE(document.Open(path));
+    EXPECT_FALSE(document.IsUnitSet());
+    EXPECT_EQ(ReadBytes(path), "no xml");
+}
+
+TEST_F(RuleDocumentTest, TheRulesOfADocumentThatNoViewShowedGoBackToTheirModule)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    WriteBytes(path, std::string("<Lumeq>") + CompleteRule + CompleteRule +
+                         "<Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/></Lumeq>");
+    {
+        RuleDocument document;
+        ASSERT_TRUE(document.Open(path));
+        EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before + 2);
+    }
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
+}
+
+TEST_F(RuleDocumentTest, TheFileOfUserDefinedRulesIsMadeEmptyIfItDoesNotExist)
+{
+    RuleDocument document;
+    document.LoadUserRules();
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+    const std::string bytes = ReadBytes(UserDefinedRuleFilePath());
+    EXPECT_NE(bytes.find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" Version=\"v3.3\"/>"),
+              std::string::npos);
+}
+
+TEST_F(RuleDocumentTest, AFileOfUserDefinedRulesThatCannotBeParsedGivesNoneAndStays)
+{
+    WriteBytes(UserDefinedRuleFilePath(), "broken");
+    RuleDocument document;
+    document.LoadUserRules();
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+    EXPECT_EQ(ReadBytes(UserDefinedRuleFilePath()), "broken");
+    EXPECT_TRUE(application.prompt.texts.empty());
+}
+
+TEST_F(RuleDocumentTest, SavingWritesTheRuleListInItsOrderWithTheDocumentsUnits)
+{
+    ConcreteQOXRule first;
+    ConcreteQOXRule second;
+    first.m_strRuleName = L"First";
+    second.m_strRuleName = L"Second";
+    RuleDocument document;
+    document.Header().newRuleUnits = { 3, 1 };
+    document.Rules().Append(&second);
+    document.Rules().Append(&first);
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    const std::string bytes = ReadBytes(path);
+    EXPECT_NE(bytes.find("Unit=\"3\" AngularUnit=\"1\""), std::string::npos);
+    EXPECT_LT(bytes.find("Second"), bytes.find("First"));
+    EXPECT_EQ(first.m_nRuleState, 1);
+    EXPECT_EQ(document.OpenPath(), path);
+}
+
+TEST_F(RuleDocumentTest, AnEmptyDocumentIsSavedWithTheUnitsOfAFreshRecord)
+{
+    RuleDocument document;
+    document.Header().newRuleUnits = { 3, 1 };
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_NE(ReadBytes(path).find("Unit=\"0\" AngularUnit=\"0\""), std::string::npos);
+}
+
+TEST_F(RuleDocumentTest, AProtectedFileIsNotSavedOver)
+{
+    const std::string bytes = "<Lumeq Password=\"abc\" RulesData=\"0123\"/>";
+    WriteBytes(path, bytes);
+    RuleDocument document;
+    ASSERT_TRUE(document.Open(path));
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::Protected);
+    EXPECT_EQ(ReadBytes(path), bytes);
+}
+
+TEST_F(RuleDocumentTest, AFolderThatDoesNotExistIsNotSavedInto)
+{
+    RuleDocument document;
+    EXPECT_EQ(document.Save(folder.File(L"missing") + Platform::PathSeparator + L"rules.vrf"),
+              RuleDocument::SaveFailure::NotWritable);
+}
+
+TEST_F(RuleDocumentTest, AModulesRuleGoesBackToItsModule)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    PointerArray rules;
+    RuleModule(application.Modules().ConfigModules()[0]).GetAllRules(rules);
+    ASSERT_EQ(rules.GetSize(), 2);
+    rules[0]->m_strModulePath = TestModulePath(L"TestModuleComplete");
+    rules[1]->m_strModulePath = TestModulePath(L"TestModuleComplete");
+    RuleDocument document;
+    document.Rules().Append(rules[0]);
+    document.DeleteRuleFromDocument(rules[0]);
+    EXPECT_EQ(rules[0], nullptr);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    document.DeleteRuleFromDocument(rules[0]); // a null pointer does nothing
+    document.DeleteRuleFromDocument(rules[1]);
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
+}
+
+TEST_F(RuleDocumentTest, AUserDefinedRuleIsTakenOutAndDeleted)
+{
+    ConcreteQOXRule source;
+    source.m_strRuleName = L"Mine";
+    source.m_strRuleModule = InteractiveRuleMark;
+    source.m_strModulePath = L"Mine.bas";
+    RuleDocument document;
+    document.AddUserRule(&source);
+    ASSERT_EQ(document.UserRules().GetSize(), 1);
+    CQoxRule* rule = document.UserRules()[0];
+    EXPECT_NE(rule, &source);
+    document.Rules().Append(rule);
+    document.DeleteRuleFromDocument(rule);
+    EXPECT_EQ(rule, nullptr);
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+}
+
+TEST_F(RuleDocumentTest, ARuleOfAModuleThatIsNotLoadedIsLeftAlone)
+{
+    ConcreteQOXRule rule;
+    rule.m_strRuleModule = L"Gone Module";
+    rule.m_strModulePath = L"/nowhere/gone.dll";
+    CQoxRule* pointer = &rule;
+    RuleDocument document;
+    document.DeleteRuleFromDocument(pointer);
+    EXPECT_EQ(pointer, &rule);
+}
+
+TEST_F(RuleDocumentTest, RenamingFindsTheFirstUserDefinedRuleInAnyCase)
+{
+    RuleDocument document;
+    ConcreteQOXRule source;
+    source.m_strRuleName = L"Mine";
+    document.AddUserRule(&source);
+    document.AddUserRule(&source);
+    document.RenameUserRule(L"MINE", L"Yours");
+    document.RenameUserRule(L"nobody", L"x");
+    EXPECT_EQ(document.UserRules()[0]->m_strRuleName, L"Yours");
+    EXPECT_EQ(document.UserRules()[1]->m_strRuleName, L"Mine");
+}
+
+TEST_F(RuleDocumentTest, ReleasingTheRowsOfAViewDeletesEachRuleOnce)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    WriteUserRules("<Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/>");
+    WriteBytes(path, std::string("<Lumeq>") + CompleteRule + "</Lumeq>");
+    RuleDocument document;
+    ASSERT_TRUE(document.Open(path));
+    PointerArray rules;
+    document.Header().GetRules(rules);
+    std::vector<CQoxRule*> rows(rules.begin(), rules.end());
+    rows.push_back(document.UserRules()[0]);
+    document.ReleaseRules(rows);
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+}
+
+TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
+{
+    WriteBytes(path, "<Lumeq/>");
+    const std::wstring log = folder.File(L"run.log");
+    CVantrelLog::OpenLogFile(log);
+    RuleDocument document;
+    document.Open(path);
+    document.Save(path);
+    CVantrelLog::CloseLogFile();
+    const std::string text = ReadBytes(log);
+    for (const std::string line : { "Command received to open Rule file " + ToNarrow(path) + "\n",
+                                    std::string("Rule file has been opened successfully\n"),
+                                    std::string("Save has been called\n"), std::string("The document has been saved\n") })
+    {
+        EXPECT_NE(text.find(line), std::string::npos) << line;
+    }
+}

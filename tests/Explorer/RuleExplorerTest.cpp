@@ -1,0 +1,379 @@
+#include "Document/RuleDocument.h"
+#include "Document/UserRuleFile.h"
+#include "Explorer/RuleExplorer.h"
+#include "Explorer/RuleRows.h"
+#include "Explorer/RuleText.h"
+#include "Utilities/Texts.h"
+#include "tests/Document/TestApplication.h"
+#include "tests/Support/TestFiles.h"
+
+#include <Vantrel/ConcreteQOXRule.h>
+#include <Vantrel/VantrelLog.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace
+{
+
+/// The rows of a list control, without one.
+class FakeRows : public IRuleRows
+{
+public:
+    struct Row
+    {
+        CQoxRule* rule = nullptr;
+        std::array<std::wstring, RuleColumnCount> texts;
+        bool ticked = false;
+        bool selected = false;
+    };
+
+    int RowCount() const override { return static_cast<int>(rows.size()); }
+    CQoxRule* RuleOfRow(int row) const override { return At(row).rule; }
+    int InsertRow(CQoxRule* rule, const std::wstring& text) override
+    {
+        rows.push_back({ rule, { text }, false, false });
+        return RowCount() - 1;
+    }
+    void RemoveRow(int row) override { rows.erase(rows.begin() + row); }
+    void SetText(int row, int column, const std::wstring& text) override
+    {
+        At(row).texts[static_cast<std::size_t>(column)] = text;
+    }
+    bool IsTicked(int row) const override { return At(row).ticked; }
+    void SetTicked(int row, bool ticked) override { At(row).ticked = ticked; }
+    void SetSelected(int row, bool selected) override { At(row).selected = selected; }
+    void DeselectAll() override
+    {
+        for (Row& row : rows)
+        {
+            row.selected = false;
+        }
+    }
+    int SelectedCount() const override
+    {
+        return static_cast<int>(std::count_if(rows.begin(), rows.end(), [](const Row& row) { return row.selected; }));
+    }
+    int FirstSelected() const override
+    {
+        const auto found = std::find_if(rows.begin(), rows.end(), [](const Row& row) { return row.selected; });
+        return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    }
+    void WidenColumnFor(int column, const std::wstring& text) override { measured[column].push_back(text); }
+    void SetAnchor(int row) override { anchor = row; }
+
+    Row& At(int row) { return rows.at(static_cast<std::size_t>(row)); }
+    const Row& At(int row) const { return rows.at(static_cast<std::size_t>(row)); }
+
+    int Find(const std::wstring& name) const
+    {
+        const auto found = std::find_if(rows.begin(), rows.end(),
+                                        [&name](const Row& row) { return row.rule->m_strRuleName == name; });
+        return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    }
+
+    std::vector<Row> rows;
+    std::map<int, std::vector<std::wstring>> measured;
+    int anchor = -1;
+};
+
+class FakeWindow : public IExplorerWindow
+{
+public:
+    void SetDocumentModified(bool value) override { modified = value; }
+    void SetSingleSelection(bool value) override { single = value; }
+    void ClearSummary() override { summary = L"(cleared)"; }
+    void ShowSummary(const std::wstring& text) override { summary = text; }
+    void SetStatus(const std::wstring& text) override { status = text; }
+    void TellNoDatabaseModule() override { ++noDatabaseMessages; }
+
+    bool modified = false;
+    bool single = false;
+    std::wstring summary;
+    std::wstring status;
+    int noDatabaseMessages = 0;
+};
+
+class RuleExplorerTest : public testing::Test
+{
+protected:
+    ~RuleExplorerTest() override { document.ReleaseRules(explorer.RulesOfRows()); }
+
+    void LoadModules()
+    {
+        application.LoadDatabaseModules({ L"TestDatabaseComplete" });
+        application.LoadRuleModules({ L"TestModuleComplete", L"TestModuleSecond" });
+    }
+
+    void OpenWith(const std::string& rules, const std::string& attributes = "")
+    {
+        WriteBytes(path, "<Lumeq " + attributes + ">" + rules + "</Lumeq>");
+        ASSERT_TRUE(document.Open(path));
+        explorer.UpdateRuleList(true);
+    }
+
+    void Tick(int row, bool ticked)
+    {
+        rows.SetTicked(row, ticked);
+        explorer.OnRowChanged(row);
+    }
+
+    std::vector<std::wstring> Names() const
+    {
+        std::vector<std::wstring> names;
+        for (const FakeRows::Row& row : rows.rows)
+        {
+            names.push_back(row.rule->m_strRuleName);
+        }
+        return names;
+    }
+
+    TestApplication application;
+    TemporaryFolder folder;
+    std::wstring path = folder.File(L"rules.vrf");
+    std::optional<bool> vstaSupport = true;
+    RuleDocument document;
+    FakeRows rows;
+    FakeWindow window;
+    RuleExplorer explorer{ document, application.Modules(), rows, window, [this] { return vstaSupport; } };
+};
+
+using NameList = std::vector<std::wstring>;
+
+// The summary is one of the things that a rule of a file is matched by.
+constexpr const char* FirstRule =
+    "<Rule RuleModule=\"Complete Test Module\" RuleName=\"TestModuleComplete Rule 1\" "
+    "Summary2=\"Summary of TestModuleComplete Rule 1\"><Parameter Number=\"1\" Kind=\"length\" Value=\"42\"/></Rule>";
+
+} // namespace
+
+TEST_F(RuleExplorerTest, TheRulesOfTheLastModuleComeFirst)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    EXPECT_EQ(Names(), (NameList{ L"TestModuleSecond Rule 1", L"TestModuleSecond Rule 2", L"TestModuleComplete Rule 1",
+                                  L"TestModuleComplete Rule 2" }));
+    EXPECT_FALSE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, ARowShowsTheFourTextsOfItsRule)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    const FakeRows::Row& row = rows.At(2);
+    EXPECT_EQ(row.texts[0], L"TestModuleComplete Rule 1");
+    EXPECT_EQ(row.texts[1], L"Holes");
+    EXPECT_EQ(row.texts[2], L"Complete Test Module");
+    EXPECT_EQ(row.texts[3], CriticalityText(3));
+    EXPECT_EQ(row.rule->m_strModulePath, TestModulePath(L"TestModuleComplete"));
+    EXPECT_FALSE(row.ticked);
+}
+
+TEST_F(RuleExplorerTest, TheRulesOfTheFileAreTickedInThePlaceOfTheModulesOwn)
+{
+    LoadModules();
+    OpenWith(FirstRule);
+    ASSERT_EQ(rows.RowCount(), 4);
+    const int row = rows.Find(L"TestModuleComplete Rule 1");
+    EXPECT_EQ(row, 2);
+    EXPECT_TRUE(rows.IsTicked(row));
+    EXPECT_EQ(rows.RuleOfRow(row)->Parameters()[0].dValue, 42);
+    EXPECT_EQ(document.Rules().Rules(), std::vector<CQoxRule*>{ rows.RuleOfRow(row) });
+    EXPECT_EQ(rows.RuleOfRow(row)->m_nRuleState, 1);
+    EXPECT_EQ(rows.SelectedCount(), 0) << "the list starts with no row selected";
+    EXPECT_FALSE(window.modified);
+    EXPECT_FALSE(rows.IsTicked(3));
+}
+
+TEST_F(RuleExplorerTest, AFileThatHoldsARuleTwiceKeepsTheLastOfThem)
+{
+    LoadModules();
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    std::string second = FirstRule;
+    second.replace(second.find("42"), 2, "43");
+    OpenWith(FirstRule + second);
+    ASSERT_EQ(rows.RowCount(), 4);
+    EXPECT_EQ(rows.RuleOfRow(2)->Parameters()[0].dValue, 43);
+    EXPECT_EQ(document.Rules().Size(), 1u);
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before + 2);
+}
+
+TEST_F(RuleExplorerTest, ARuleIsMatchedWithoutRegardToCaseAndByTheLibrarysNameAlone)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\" Summary2=\"S\" "
+                                          "ModulePath=\"mine.bas\"/></Lumeq>");
+    OpenWith("<Rule RuleModule=\"vsta rule\" RuleName=\"MINE\" Summary2=\"s\" ModulePath=\"/elsewhere/Mine.BAS\"/>");
+    const int row = rows.Find(L"MINE");
+    ASSERT_GE(row, 0);
+    EXPECT_TRUE(rows.IsTicked(row));
+    EXPECT_EQ(rows.RuleOfRow(row)->m_strRuleModule, L"VSTA Rule");
+    EXPECT_EQ(rows.RuleOfRow(row)->m_strModulePath, L"mine.bas");
+    ASSERT_EQ(document.UserRules().GetSize(), 1);
+    EXPECT_EQ(document.UserRules()[0], rows.RuleOfRow(row));
+}
+
+TEST_F(RuleExplorerTest, ARuleOfTheFileThatMatchesNothingIsLeftOutButStaysInTheDocument)
+{
+    LoadModules();
+    OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"Unknown here\"/>");
+    EXPECT_EQ(rows.RowCount(), 4);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    EXPECT_EQ(document.Header().GetCount(), 1);
+}
+
+TEST_F(RuleExplorerTest, WithoutADatabaseModuleTheMessageIsShownOnceAndNoModuleIsAsked)
+{
+    application.LoadRuleModules({ L"TestModuleComplete", L"TestModuleSecond" });
+    explorer.UpdateRuleList(true);
+    EXPECT_EQ(window.noDatabaseMessages, 1);
+    EXPECT_EQ(rows.RowCount(), 0);
+    EXPECT_EQ(CallsOf(L"TestModuleComplete"), "");
+    EXPECT_EQ(CallsOf(L"TestModuleSecond"), "");
+}
+
+TEST_F(RuleExplorerTest, TickingTakesARuleIntoTheDocumentAndUntickingOutOfIt)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    const std::wstring log = folder.File(L"run.log");
+    CVantrelLog::OpenLogFile(log);
+    Tick(1, true);
+    EXPECT_TRUE(document.Rules().Contains(rows.RuleOfRow(1)));
+    EXPECT_EQ(rows.RuleOfRow(1)->m_nRuleState, 1);
+    EXPECT_TRUE(window.modified);
+    EXPECT_EQ(window.status, FormatText(TextId::RuleCount, { L"1", L"4" }));
+    EXPECT_EQ(rows.anchor, 1);
+
+    window.modified = false;
+    explorer.OnRowChanged(1); // nothing new
+    EXPECT_FALSE(window.modified);
+
+    Tick(1, false);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    EXPECT_EQ(rows.RuleOfRow(1)->m_nRuleState, 0);
+    EXPECT_TRUE(window.modified);
+    CVantrelLog::CloseLogFile();
+    const std::string text = ReadBytes(log);
+    EXPECT_NE(text.find("TestModuleSecond Rule 2 Rule is Selected\n"), std::string::npos);
+    EXPECT_NE(text.find("TestModuleSecond Rule 2 Rule is Deselected\n"), std::string::npos);
+}
+
+TEST_F(RuleExplorerTest, TickedRulesGoToTheEndOfTheDocument)
+{
+    LoadModules();
+    OpenWith(FirstRule);
+    Tick(0, true);
+    EXPECT_EQ(document.Rules().Rules(), (std::vector<CQoxRule*>{ rows.RuleOfRow(2), rows.RuleOfRow(0) }));
+}
+
+TEST_F(RuleExplorerTest, RowNumbersOutsideTheListDoNothing)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    explorer.OnRowChanged(-1);
+    explorer.OnRowChanged(4);
+    EXPECT_FALSE(window.modified);
+    EXPECT_EQ(rows.anchor, -1);
+}
+
+TEST_F(RuleExplorerTest, TheSummaryOfTheOneSelectedRowIsShown)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    rows.SetSelected(0, true);
+    explorer.OnRowChanged(0);
+    EXPECT_EQ(window.summary, L"Summary of TestModuleSecond Rule 1");
+    EXPECT_TRUE(window.single);
+}
+
+TEST_F(RuleExplorerTest, SelectingTwoRowsLeavesTheSummaryEmpty)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    rows.SetSelected(0, true);
+    rows.SetSelected(1, true);
+    explorer.OnRowChanged(1);
+    EXPECT_EQ(window.summary, L"(cleared)");
+    EXPECT_FALSE(window.single);
+}
+
+TEST_F(RuleExplorerTest, HiddenRulesGetNoRowAndThoseOfAnotherModuleDo)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(),
+               "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"Minimum Flange Size\"/>"
+               "<Rule RuleModule=\"Interactive User Defined Rule\" RuleName=\"Minimum Flange Size\"/></Lumeq>");
+    OpenWith("");
+    EXPECT_EQ(rows.RowCount(), 5);
+    EXPECT_EQ(rows.RuleOfRow(4)->m_strRuleModule, InteractiveRuleMark);
+}
+
+TEST_F(RuleExplorerTest, VSTARulesGetNoRowWhereTheyAreNotSupported)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>"
+                                          "<Rule RuleModule=\"Interactive User Defined Rule\" RuleName=\"B\"/></Lumeq>");
+    vstaSupport = false;
+    OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>");
+    EXPECT_EQ(rows.RowCount(), 5);
+    EXPECT_EQ(rows.Find(L"A"), -1);
+    EXPECT_EQ(document.Header().GetCount(), 1);
+}
+
+TEST_F(RuleExplorerTest, NoRowIsAddedWhereTheFrameworkCannotTellOfVSTA)
+{
+    LoadModules();
+    vstaSupport.reset();
+    explorer.UpdateRuleList(true);
+    EXPECT_EQ(rows.RowCount(), 0);
+    EXPECT_FALSE(window.single);
+}
+
+TEST_F(RuleExplorerTest, NewRulesAreConvertedToTheDocumentsUnitsAndThoseOfTheFileAreNot)
+{
+    LoadModules();
+    OpenWith(FirstRule, "Unit=\"3\" AngularUnit=\"0\"");
+    explorer.ApplyUnitsToNewRules();
+    EXPECT_DOUBLE_EQ(rows.RuleOfRow(2)->Parameters()[0].dValue, 42);
+    EXPECT_DOUBLE_EQ(rows.RuleOfRow(0)->Parameters()[0].dValue, 10 / 25.4);
+    EXPECT_EQ(rows.RuleOfRow(0)->m_units, (structRulesUnit{ 3, 0 }));
+}
+
+TEST_F(RuleExplorerTest, AReloadDropsTheRowsOfModulesThatAreNotConfiguredAnyMore)
+{
+    LoadModules();
+    OpenWith(FirstRule);
+    auto& paths = application.Modules().ConfigModulePaths();
+    paths.pop_front(); // the first module, one of whose rules is ticked
+    explorer.UpdateRuleList(false);
+    EXPECT_EQ(Names(), (NameList{ L"TestModuleSecond Rule 1", L"TestModuleSecond Rule 2" }));
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    EXPECT_TRUE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, AReloadAsksNoModuleASecondTimeAndRebuildsTheUserDefinedRows)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/></Lumeq>");
+    OpenWith("");
+    Tick(0, true);
+    EXPECT_EQ(rows.RowCount(), 5);
+    explorer.UpdateRuleList(false);
+    EXPECT_EQ(rows.RowCount(), 5);
+    EXPECT_TRUE(rows.IsTicked(0));
+    const auto count = TestModuleFunction<TestModuleCallCountFunction>(L"TestModuleComplete", "TestModuleCallCount");
+    EXPECT_EQ(count("GetAllRules"), 1);
+}
+
+TEST_F(RuleExplorerTest, TheFirstColumnIsMeasuredOnTheRulesName)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    EXPECT_EQ(rows.measured[0].size(), 4u);
+    EXPECT_EQ(rows.measured[0][0], L"TestModuleSecond Rule 1");
+    EXPECT_EQ(rows.measured[3].size(), 4u);
+}

@@ -1,0 +1,191 @@
+#include "RuleModules/SqliteDatabase/MaterialDatabase.h"
+
+#include "Platform/Text.h"
+#include "RuleModules/SqliteDatabase/SqliteHandles.h"
+#include "tests/Support/TemporaryFolder.h"
+#include "tests/Support/TestFiles.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using testing::ElementsAre;
+
+class MaterialDatabaseTest : public testing::Test
+{
+protected:
+    std::wstring File() const { return m_folder.File(L"materials.sqlite"); }
+
+    SqliteDatabase OpenForWriting() const
+    {
+        return OpenSqlite(Platform::WideToUtf8(File()).c_str(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    }
+
+    void Make(const char* script) const
+    {
+        const SqliteDatabase database = OpenForWriting();
+        ASSERT_NE(database, nullptr);
+        ASSERT_EQ(sqlite3_exec(database.get(), script, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(database.get());
+    }
+
+    static std::list<std::wstring> Names(MaterialDatabase& database, const std::wstring& group)
+    {
+        std::list<std::wstring> names;
+        database.GetMaterialNames(group, names);
+        return names;
+    }
+
+    TemporaryFolder m_folder;
+};
+
+constexpr const char* SmallTable =
+    "CREATE TABLE materials (name TEXT, material_group TEXT, density REAL, hardness REAL, note TEXT);"
+    "INSERT INTO materials VALUES ('zinc', 'metal', 7.1, NULL, '12'), ('Brass', 'metal', 8.4, 90, 'x'),"
+    "('copper', 'metal', 9e999, 40, 'x'), ('ABS', 'plastic', 1, 3, 'x'), (NULL, 'metal', 1, 1, 'x'),"
+    "('Acier inoxydable poli \xc3\xa9 \xf0\x9f\x94\xa9', 'sheet', 7.9, 1, 'x');";
+
+TEST_F(MaterialDatabaseTest, GivesTheNamesOfAGroupInAlphabeticalOrder)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    ASSERT_NE(database, nullptr);
+    EXPECT_THAT(Names(*database, L"metal"), ElementsAre(L"Brass", L"copper", L"zinc"));
+    EXPECT_THAT(Names(*database, L"plastic"), ElementsAre(L"ABS"));
+    EXPECT_THAT(Names(*database, L"stone"), ElementsAre());
+    EXPECT_EQ(Names(*database, L"").size(), 5U);
+}
+
+TEST_F(MaterialDatabaseTest, ForgetsWhatTheListHeldBefore)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    std::list<std::wstring> names = { L"old" };
+    database->GetMaterialNames(L"stone", names);
+    EXPECT_TRUE(names.empty());
+}
+
+TEST_F(MaterialDatabaseTest, NamesBeyondAsciiSurvive)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    EXPECT_THAT(Names(*database, L"sheet"),
+                ElementsAre(Platform::Utf8ToWide("Acier inoxydable poli \xc3\xa9 \xf0\x9f\x94\xa9")));
+}
+
+TEST_F(MaterialDatabaseTest, PropertiesAreTheNumericColumns)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    double value = -1;
+    EXPECT_TRUE(database->GetMaterialProperty(L"Brass", L"density", value));
+    EXPECT_EQ(value, 8.4);
+    EXPECT_TRUE(database->GetMaterialProperty(L"Brass", L"hardness", value));
+    EXPECT_EQ(value, 90);
+}
+
+TEST_F(MaterialDatabaseTest, UnknownPropertyLeavesTheValueUntouched)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    double value = -1;
+    EXPECT_FALSE(database->GetMaterialProperty(L"zinc", L"hardness", value)) << "null in the table";
+    EXPECT_FALSE(database->GetMaterialProperty(L"zinc", L"note", value)) << "a text";
+    EXPECT_FALSE(database->GetMaterialProperty(L"copper", L"density", value)) << "infinite";
+    EXPECT_FALSE(database->GetMaterialProperty(L"zinc", L"colour", value));
+    EXPECT_FALSE(database->GetMaterialProperty(L"tin", L"density", value));
+    EXPECT_EQ(value, -1);
+}
+
+TEST_F(MaterialDatabaseTest, MissingFileIsNoDatabaseAndIsNotMade)
+{
+    EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+    EXPECT_EQ(MaterialDatabase::Open(m_folder.Path()), nullptr);
+    EXPECT_EQ(MaterialDatabase::Open(L""), nullptr);
+    EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(File())));
+}
+
+TEST_F(MaterialDatabaseTest, FileOfAnotherKindIsNoDatabase)
+{
+    for (const std::string& bytes : { std::string(), std::string("not a database"), std::string(100'000, '\xff'),
+                                      std::string("SQLite format 3\0 and then nothing of it", 40) })
+    {
+        WriteBytes(File(), bytes);
+        EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+    }
+}
+
+TEST_F(MaterialDatabaseTest, DatabaseWithoutTheTableIsNone)
+{
+    Make("CREATE TABLE others (name TEXT);");
+    EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+}
+
+TEST_F(MaterialDatabaseTest, CutOrDamagedFileGivesNoHalfList)
+{
+    std::string script = "CREATE TABLE materials (name TEXT, material_group TEXT);";
+    for (int number = 0; number < 500; ++number)
+    {
+        script += "INSERT INTO materials VALUES ('material number " + std::to_string(number) + "', 'metal');";
+    }
+    Make(script.c_str());
+    const std::string whole = ReadBytes(File());
+    ASSERT_GT(whole.size(), 8192U);
+    for (std::size_t length = 0; length < whole.size(); length += 256)
+    {
+        WriteBytes(File(), whole.substr(0, length));
+        EXPECT_EQ(MaterialDatabase::Open(File()), nullptr) << length;
+    }
+    for (std::size_t offset = 0; offset < whole.size(); offset += 101)
+    {
+        std::string damaged = whole;
+        damaged[offset] = static_cast<char>(~damaged[offset]);
+        WriteBytes(File(), damaged);
+        // A changed letter goes unseen; what is read has to stay bounded and whole.
+        if (const auto database = MaterialDatabase::Open(File()))
+        {
+            EXPECT_LE(Names(*database, L"").size(), 10'000U);
+        }
+    }
+    WriteBytes(File(), whole);
+    EXPECT_NE(MaterialDatabase::Open(File()), nullptr);
+}
+
+TEST_F(MaterialDatabaseTest, FileOfUnreasonableSizeIsNotRead)
+{
+    Make(SmallTable);
+    std::filesystem::resize_file(std::filesystem::path(File()), 100'000'000);
+    EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+}
+
+TEST_F(MaterialDatabaseTest, EndlessViewInPlaceOfTheTableIsGivenUp)
+{
+    Make("CREATE VIEW materials AS WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n)"
+         " SELECT 'm' || x AS name, 'metal' AS material_group FROM n;");
+    EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+}
+
+TEST_F(MaterialDatabaseTest, LockedFileIsNoDatabaseUntilItIsFree)
+{
+    Make(SmallTable);
+    {
+        const SqliteDatabase holder = OpenForWriting();
+        ASSERT_EQ(sqlite3_exec(holder.get(), "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+        EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);
+    }
+    EXPECT_NE(MaterialDatabase::Open(File()), nullptr);
+}
+
+TEST_F(MaterialDatabaseTest, FileIsFreeAgainOnceItWasRead)
+{
+    Make(SmallTable);
+    const auto database = MaterialDatabase::Open(File());
+    ASSERT_NE(database, nullptr);
+    Make("DELETE FROM materials");
+    EXPECT_THAT(Names(*database, L"plastic"), ElementsAre(L"ABS"));
+}
+
+} // namespace
