@@ -60,3 +60,9 @@ void MdiViewFrames::SetStatusText(const wxString& text)
 {
     m_parent->SetStatusText(text);
 }
+
+void MdiViewFrames::SetActiveTitle(const wxString& title)
+{
+    const wxString program = LoadText(TextId::ApplicationTitle);
+    m_parent->SetTitle(title.empty() ? program : title + " - " + program);
+}

@@ -33,6 +33,7 @@ public:
 
     wxWindow* MakeFrame(wxDocument* document, wxView* view) override;
     void SetStatusText(const wxString& text) override;
+    void SetActiveTitle(const wxString& title) override;
 
 private:
     wxDocMDIParentFrame* m_parent = nullptr;

@@ -133,6 +133,10 @@ void CQOXRMConfigModuleView::OnChangeFilename()
     if (GetFrame() != nullptr)
     {
         GetFrame()->SetLabel(GetDocument()->GetTitle());
+        if (GetDocumentManager()->GetCurrentView() == this)
+        {
+            s_frames->SetActiveTitle(GetDocument()->GetTitle());
+        }
     }
 }
 
@@ -153,6 +157,7 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
 
 void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*/, wxView* /*deactiveView*/)
 {
+    s_frames->SetActiveTitle(activate ? GetDocument()->GetTitle() : wxString());
     if (activate && m_ruleList != nullptr && m_explorer != nullptr && GetFrame() != nullptr)
     {
         SetSingleSelection(m_ruleList->SelectedCount() == 1);

@@ -25,6 +25,8 @@ public:
     /// A frame for the view; owned by the window system.
     virtual wxWindow* MakeFrame(wxDocument* document, wxView* view) = 0;
     virtual void SetStatusText(const wxString& text) = 0;
+    /// Shows the title of the active document in that of the main window; empty for none.
+    virtual void SetActiveTitle(const wxString& title) = 0;
 };
 
 /// The main window of a rule document: all rules of all modules with boxes, and the summary

@@ -16,6 +16,56 @@ CQOXRMListCtrlEx::CQOXRMListCtrlEx(wxWindow* parent)
     Bind(wxEVT_LIST_ITEM_DESELECTED, &CQOXRMListCtrlEx::ReportChange, this);
     Bind(wxEVT_LIST_ITEM_CHECKED, &CQOXRMListCtrlEx::ReportChange, this);
     Bind(wxEVT_LIST_ITEM_UNCHECKED, &CQOXRMListCtrlEx::ReportChange, this);
+    // Ahead of the control, whose own keys differ between the systems.
+    Bind(wxEVT_CHAR_HOOK, &CQOXRMListCtrlEx::OnKey, this);
+}
+
+void CQOXRMListCtrlEx::OnKey(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == WXK_SPACE && !event.HasAnyModifiers())
+    {
+        ToggleSelected();
+    }
+    else if (event.GetKeyCode() == 'A' && event.GetModifiers() == wxMOD_CONTROL)
+    {
+        SelectAll();
+    }
+    else
+    {
+        event.Skip();
+    }
+}
+
+void CQOXRMListCtrlEx::ToggleSelected()
+{
+    const long focused = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (focused == wxNOT_FOUND)
+    {
+        return;
+    }
+    const bool ticked = !IsItemChecked(focused);
+    CheckItem(focused, ticked);
+    if (GetItemState(focused, wxLIST_STATE_SELECTED) == 0)
+    {
+        return; // the focus was moved away from what is selected
+    }
+    // The other selected rows follow the one that has the focus.
+    for (long row = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED); row != wxNOT_FOUND;
+         row = GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED))
+    {
+        if (IsItemChecked(row) != ticked)
+        {
+            CheckItem(row, ticked);
+        }
+    }
+}
+
+void CQOXRMListCtrlEx::SelectAll()
+{
+    for (long row = 0; row < GetItemCount(); ++row)
+    {
+        SetItemState(row, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    }
 }
 
 void CQOXRMListCtrlEx::ReportChange(wxListEvent& event)

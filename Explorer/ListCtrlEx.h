@@ -36,6 +36,9 @@ public:
 
 private:
     void ReportChange(wxListEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void ToggleSelected();
+    void SelectAll();
 
     std::function<void(int)> m_rowChanged;
     bool m_filling = false;

@@ -6,6 +6,7 @@
 #include "Utilities/QOXUIUtils.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -16,6 +17,10 @@ using Record = CIniFile::Record;
 using Records = CIniFile::Records;
 
 constexpr char LiveLine = ' ';
+
+// Repeated headers repeat their keys, so a file of a megabyte could grow to one of many
+// gigabytes when it is sorted.
+constexpr std::size_t MostSortedRecords = 1'000'000;
 
 Record MakeRecord(const std::string& section, const std::string& key, const std::string& value)
 {
@@ -113,7 +118,7 @@ bool CIniFile::Load(const std::string& fileName, Records& content) const
     std::optional<Records> records = IniFileText::Parse(bytes->View());
     if (!records)
     {
-        LogMessage(L"%s has a section line without a closing bracket and is not read", path);
+        LogMessage(L"%s is not read: a section line is malformed", path);
         return false;
     }
     content = std::move(*records);
@@ -200,7 +205,8 @@ CIniFile::Records CIniFile::GetSectionRecords(const std::string& section, const 
 {
     Records content;
     Load(fileName, content);
-    std::erase_if(content, [&section](const Record& record) { return record.Section != section || record.Key.empty(); });
+    std::erase_if(content,
+                  [&section](const Record& record) { return record.Section != section || record.Key.empty(); });
     return content;
 }
 
@@ -302,22 +308,42 @@ std::vector<std::string> CIniFile::GetSectionNames(const std::string& fileName) 
 
 bool CIniFile::Sort(const std::string& fileName, bool descending) const
 {
+    Records content;
+    if (!Load(fileName, content))
+    {
+        return false;
+    }
     const auto sortBy = [descending](Records& records, std::string Record::*member)
     {
-        std::stable_sort(records.begin(), records.end(), [=](const Record& left, const Record& right)
+        std::stable_sort(records.begin(), records.end(),
+                         [=](const Record& left, const Record& right)
                          { return descending ? right.*member < left.*member : left.*member < right.*member; });
     };
-    Records headers = GetSections(fileName);
+    Records headers;
+    std::map<std::string, Records> keysOfSection;
+    for (Record& record : content)
+    {
+        Records& list = record.Key.empty() ? headers : keysOfSection[record.Section];
+        list.push_back(std::move(record));
+    }
     if (headers.empty())
     {
         return false;
     }
     sortBy(headers, &Record::Section);
+    for (auto& [section, keys] : keysOfSection)
+    {
+        sortBy(keys, &Record::Key);
+    }
     Records sorted;
     for (const Record& header : headers)
     {
-        Records keys = GetSectionRecords(header.Section, fileName);
-        sortBy(keys, &Record::Key);
+        // A header that is there twice brings its keys along twice.
+        const Records& keys = keysOfSection[header.Section];
+        if (sorted.size() + keys.size() >= MostSortedRecords)
+        {
+            return false;
+        }
         sorted.push_back(header);
         sorted.insert(sorted.end(), keys.begin(), keys.end());
     }

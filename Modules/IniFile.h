@@ -16,8 +16,8 @@ public:
     /// empty `Key` is a section's header.
     struct Record
     {
-        std::string Comments;  ///< Each line with its `#` or `;` and a line feed at its end.
-        char Commented = ' ';  ///< A blank, or the `#` or `;` that comments the line out.
+        std::string Comments; ///< Each line with its `#` or `;` and a line feed at its end.
+        char Commented = ' '; ///< A blank, or the `#` or `;` that comments the line out.
         std::string Section;
         std::string Key;
         std::string Value;
@@ -85,8 +85,7 @@ public:
                            const std::string& fileName) const;
 
     /// Same for the section's header.
-    bool SetSectionComments(const std::string& comments, const std::string& section,
-                            const std::string& fileName) const;
+    bool SetSectionComments(const std::string& comments, const std::string& section, const std::string& fileName) const;
 
     bool RenameSection(const std::string& oldName, const std::string& newName, const std::string& fileName) const;
 
@@ -94,7 +93,9 @@ public:
     Records GetSections(const std::string& fileName) const;
     std::vector<std::string> GetSectionNames(const std::string& fileName) const;
 
-    /// Sorts the sections by name and the keys of each by key. False if there is no section.
+    /// Sorts the sections by name and the keys of each by key. Keys without a header go, and
+    /// a header that is there twice gets its keys twice. False, with the file as it was, if
+    /// there is no header or if that would make a million records.
     bool Sort(const std::string& fileName, bool descending) const;
 
     /// The file's text, built from its records: without the blank ahead of live lines.

@@ -13,6 +13,10 @@ namespace
 
 constexpr char LiveLine = ' ';
 
+// Every record holds the name of its section, so a small file with one very long name and
+// many keys would fill the memory. No file that lists modules and editors comes near this.
+constexpr std::size_t MostSectionText = std::size_t(64) << 20;
+
 std::string_view Trim(std::string_view text)
 {
     constexpr std::string_view Blanks = " \t\n\r";
@@ -33,7 +37,8 @@ bool Holds(std::string_view text, char character)
 class LineReader
 {
 public:
-    /// False if the line is a section line without its `]`.
+    /// False if the line is a section line without its `]`, or if the records would take
+    /// far more memory than the text.
     bool Take(std::string_view line)
     {
         std::string_view text = Trim(line);
@@ -79,6 +84,11 @@ public:
         // While comments wait, a line without data is not stored.
         if (m_comments.empty())
         {
+            m_sectionText += record.Section.size();
+            if (m_sectionText > MostSectionText)
+            {
+                return false;
+            }
             m_records.push_back(std::move(record));
         }
         return true;
@@ -90,6 +100,7 @@ private:
     CIniFile::Records m_records;
     std::string m_comments;
     std::string m_currentSection;
+    std::size_t m_sectionText = 0; // characters of section names in all records
 };
 
 void AppendLine(std::string& text, const CIniFile::Record& record)

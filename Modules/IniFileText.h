@@ -10,7 +10,8 @@
 namespace IniFileText
 {
 
-/// The records of a text. Nothing if a section line has no `]`.
+/// The records of a text. Nothing if a section line has no `]`, or if section names repeated
+/// in the records would take more than 64 MB.
 std::optional<CIniFile::Records> Parse(std::string_view text);
 
 /// Brings the records of each section together, in the place of the section's first one.

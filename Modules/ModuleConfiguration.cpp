@@ -11,8 +11,8 @@
 
 #include <Vantrel/FrameworkFunctions.h>
 
-#include <algorithm>
 #include <array>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -42,6 +42,10 @@ constexpr std::array DefaultModules = {
 // bounds are far above what any path needs.
 constexpr int MostReplacements = 1000;
 constexpr std::size_t LongestValue = 32768;
+
+// What is asked for first, and where a length that is told is no longer believed.
+constexpr std::size_t UsualPathLength = 260;
+constexpr std::size_t LongestFolder = 32768;
 
 std::string KeyOf(int number)
 {
@@ -92,17 +96,21 @@ void ModuleConfiguration::GetConfiguredModules(const std::string& section, std::
 
 std::list<std::wstring> ModuleConfiguration::ReadModules(const std::string& section, bool expand) const
 {
+    // One load for all numbers: with one for each, a long list would take minutes.
+    std::unordered_map<std::string, std::string> values;
+    for (CIniFile::Record& record : CIniFile().GetSectionRecords(section, m_configFile))
+    {
+        values.try_emplace(std::move(record.Key), std::move(record.Value)); // the first of a name counts
+    }
     std::list<std::wstring> modules;
-    const CIniFile file;
     for (int number = 1;; ++number)
     {
-        const CIniFile::Records found = file.GetRecord(KeyOf(number), section, m_configFile);
-        if (found.empty())
+        const auto found = values.find(KeyOf(number));
+        if (found == values.end())
         {
             return modules;
         }
-        const std::string& value = found.front().Value;
-        modules.push_back(ListEntry(expand ? Expand(value) : value));
+        modules.push_back(ListEntry(expand ? Expand(found->second) : found->second));
     }
 }
 
@@ -158,24 +166,35 @@ void ModuleConfiguration::WriteDatabaseDefaults(std::list<std::wstring>& modules
     }
 }
 
-std::wstring GetModuleConfigFile()
+std::wstring DataSettingsFolder(GetDataSettingsFolderPathFunction getFolder)
 {
-    const auto getFolder = FindFrameworkFunction<GetDataSettingsFolderPathFunction>(LoadFrameworkLibrary(),
-                                                                                   "GetDataSettingsFolderPath");
     if (getFolder == nullptr)
     {
         return {};
     }
-    std::vector<wchar_t> buffer(260);
+    std::vector<wchar_t> buffer(UsualPathLength);
     std::size_t size = buffer.size();
     std::size_t length = getFolder(buffer.data(), &size);
-    if (length > buffer.size())
+    if (length > buffer.size() && length <= LongestFolder)
     {
         buffer.resize(length + 1);
         size = buffer.size();
-        length = std::min(getFolder(buffer.data(), &size), buffer.size());
+        length = getFolder(buffer.data(), &size);
     }
-    return std::wstring(buffer.data(), length) + ConfigFileName;
+    // Half a path would name another folder.
+    return length <= buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
+}
+
+std::wstring GetDataSettingsFolder()
+{
+    return DataSettingsFolder(
+        FindFrameworkFunction<GetDataSettingsFolderPathFunction>(LoadFrameworkLibrary(), "GetDataSettingsFolderPath"));
+}
+
+std::wstring GetModuleConfigFile()
+{
+    const std::wstring folder = GetDataSettingsFolder();
+    return folder.empty() ? folder : folder + ConfigFileName;
 }
 
 void ReadConfigModules(std::list<std::wstring>& modules)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Vantrel/FrameworkFunctions.h>
+
 #include <functional>
 #include <list>
 #include <optional>
@@ -37,6 +39,13 @@ private:
 
 inline constexpr const char* RuleModuleSection = "RULE_CONFIGURATION_MODULES";
 inline constexpr const char* DatabaseModuleSection = "RULE_DATABASE_MODULES";
+
+/// The data settings folder with a separator at its end, as the framework library tells it;
+/// empty if it can't.
+std::wstring GetDataSettingsFolder();
+
+/// Same, as the given function tells it. Null is allowed.
+std::wstring DataSettingsFolder(GetDataSettingsFolderPathFunction getFolder);
 
 /// Path of `ConfigModule.ini` in the data settings folder; empty if the framework library
 /// can't tell that folder.

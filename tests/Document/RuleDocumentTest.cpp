@@ -76,7 +76,7 @@ TEST_F(RuleDocumentTest, TheFileOfUserDefinedRulesIsMadeEmptyIfItDoesNotExist)
     document.LoadUserRules();
     EXPECT_EQ(document.UserRules().GetSize(), 0);
     const std::string bytes = ReadBytes(UserDefinedRuleFilePath());
-    EXPECT_NE(bytes.find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" Version=\"v3.3\"/>"),
+    EXPECT_NE(bytes.find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" Version=\"v3.3\" />"),
               std::string::npos);
 }
 

@@ -64,7 +64,7 @@ constexpr const char* SecondName = "Second Test Module";
 
 TEST_F(RuleFileReaderTest, AFileWithoutRulesGivesTheUnitsAndNoRules)
 {
-    EXPECT_TRUE(Load("<Lumeq Name=\"n\" Createdby=\"c\" CreatedOn=\"o\" Unit=\"3\" AngularUnit=\"1\" Version=\"v3.3\"/>"));
+    EXPECT_TRUE(Load("<Lumeq Name=\"n\" Createdby=\"c\" CreatedOn=\"o\" Unit=\"3\" AngularUnit=\"1\" Version=\"v3.3\" />"));
     EXPECT_EQ(record.newRuleUnits, (structRulesUnit{ 3, 1 }));
     EXPECT_EQ(record.GetCount(), 0);
     EXPECT_TRUE(record.strName.empty());

@@ -50,7 +50,7 @@ public:
 
 constexpr const char* EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                   "<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" "
-                                  "Version=\"v3.3\"/>\n";
+                                  "Version=\"v3.3\" />\n";
 
 } // namespace
 

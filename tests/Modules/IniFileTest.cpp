@@ -217,11 +217,11 @@ TEST_F(IniFileTest, AddRecordComesLastInItsSectionAlsoIfTheKeyIsThere)
     EXPECT_EQ(Saved(), " [A]\n a=1\n a=2\n [B]\n c=3\n");
 }
 
-TEST_F(IniFileTest, ASectionWithoutAHeaderExistsWhileItIsNotSaved)
+TEST_F(IniFileTest, AKeyThatIsAddedWithoutAHeaderJoinsTheSectionAboveItInTheFile)
 {
     Write("");
     EXPECT_TRUE(m_file.AddRecord("c", "3", "C", m_name));
-    EXPECT_FALSE(m_file.SectionExists("C", m_name)) << "no header stands in the file to tell the section";
+    EXPECT_FALSE(m_file.SectionExists("C", m_name));
     EXPECT_EQ(m_file.GetValue("c", "", m_name), "3");
 }
 

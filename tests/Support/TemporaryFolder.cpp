@@ -6,13 +6,20 @@
 #include <random>
 #include <stdexcept>
 
+namespace
+{
+
+constexpr const wchar_t* NamePrefix = L"vantrel-test-";
+
+} // namespace
+
 TemporaryFolder::TemporaryFolder()
 {
     std::random_device random;
     for (int tries = 0; tries < 100; ++tries)
     {
         const std::wstring path =
-            Platform::TemporaryFolder() + L"vantrel-test-" + std::to_wstring(random()) + std::to_wstring(random());
+            Platform::TemporaryFolder() + NamePrefix + std::to_wstring(random()) + std::to_wstring(random());
         std::error_code error;
         if (std::filesystem::create_directory(Platform::NativePath(path), error))
         {
@@ -25,6 +32,13 @@ TemporaryFolder::TemporaryFolder()
 
 TemporaryFolder::~TemporaryFolder()
 {
+    // Tests may run with every right there is: nothing but what the constructor made may go.
+    const bool isOurs = Platform::FileNamePart(m_path).starts_with(NamePrefix) &&
+                        Platform::FolderPart(m_path) + Platform::PathSeparator == Platform::TemporaryFolder();
+    if (!isOurs)
+    {
+        return;
+    }
     // What can't be removed is left to whoever cleans the temporary folder up.
     std::error_code error;
     std::filesystem::remove_all(Platform::NativePath(m_path), error);
