@@ -35,7 +35,7 @@ pid=$!
 trap 'kill -KILL "$pid" 2>/dev/null' EXIT
 
 end=$((SECONDS + limitSeconds))
-until xdotool search --onlyvisible --pid "$pid" --name . >/dev/null 2>&1; do
+until xdotool search --onlyvisible --all --pid "$pid" --name . >/dev/null 2>&1; do
     if ! kill -0 "$pid" 2>/dev/null; then
         wait "$pid"
         echo "The program ended with status $? before it showed a window." >&2
@@ -65,7 +65,7 @@ if ! kill -0 "$pid" 2>/dev/null; then
     echo "The program ended by itself with status $?." >&2
     exit 1
 fi
-echo "Window shown: $(xdotool search --onlyvisible --pid "$pid" --name . getwindowname 2>/dev/null | head -n 1)"
+echo "Window shown: $(xdotool search --onlyvisible --all --pid "$pid" --name . getwindowname 2>/dev/null | head -n 1)"
 echo "Screenshot: $(realpath "$picture")"
 
 trap - EXIT

@@ -41,7 +41,7 @@ TEST(PathTest, FolderStandsBeforeTheLastSeparator)
 
 TEST(PathTest, AbsolutePathStaysAsItIs)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     EXPECT_EQ(AbsolutePath(folder.File(L"x.vrf")), folder.File(L"x.vrf"));
     EXPECT_TRUE(IsAbsolutePath(folder.Path()));
     EXPECT_EQ(AbsolutePath(L""), L"");
@@ -51,7 +51,7 @@ TEST(PathTest, AbsolutePathStaysAsItIs)
 
 TEST(PathTest, RelativePathIsTakenFromTheCurrentFolder)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(NativePath(folder.Path()));
     EXPECT_EQ(AbsolutePath(L"x.vrf"), folder.File(L"x.vrf"));
@@ -60,7 +60,7 @@ TEST(PathTest, RelativePathIsTakenFromTheCurrentFolder)
 
 TEST(FilesTest, TellsFilesFromFolders)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "1");
     EXPECT_TRUE(PathExists(folder.Path()));
     EXPECT_TRUE(FolderExists(folder.Path()));
@@ -75,7 +75,7 @@ TEST(FilesTest, TellsFilesFromFolders)
 
 TEST(FilesTest, MakesFoldersAndAcceptsThoseThatAreThere)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     const std::wstring deep = folder.File(L"a") + PathSeparator + L"b" + PathSeparator + L"c";
     EXPECT_FALSE(MakeFolder(deep));
     EXPECT_TRUE(MakeFolderTree(deep));
@@ -86,7 +86,7 @@ TEST(FilesTest, MakesFoldersAndAcceptsThoseThatAreThere)
 
 TEST(FilesTest, FileInTheWayOfAFolderFails)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "1");
     EXPECT_FALSE(MakeFolder(folder.File(L"a")));
     EXPECT_FALSE(MakeFolderTree(folder.File(L"a") + PathSeparator + L"b"));
@@ -95,7 +95,7 @@ TEST(FilesTest, FileInTheWayOfAFolderFails)
 
 TEST(FilesTest, DeletedMeansGoneAfterwards)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "1");
     EXPECT_TRUE(DeleteFileAt(folder.File(L"a")));
     EXPECT_FALSE(PathExists(folder.File(L"a")));
@@ -113,7 +113,7 @@ TEST(FilesTest, TemporaryFolderEndsInASeparator)
 
 TEST(ReadWholeFileTest, GivesTheBytesAsTheyAre)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     std::string bytes(200'000, 'x');
     bytes[5] = '\0';
     bytes[6] = '\r';
@@ -125,7 +125,7 @@ TEST(ReadWholeFileTest, GivesTheBytesAsTheyAre)
 
 TEST(ReadWholeFileTest, EmptyFileIsNotAFailure)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "");
     const auto read = ReadWholeFile(folder.File(L"a"));
     ASSERT_TRUE(read);
@@ -134,7 +134,7 @@ TEST(ReadWholeFileTest, EmptyFileIsNotAFailure)
 
 TEST(ReadWholeFileTest, FolderOrMissingFileGivesNothing)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     EXPECT_FALSE(ReadWholeFile(folder.Path()));
     EXPECT_FALSE(ReadWholeFile(folder.File(L"a")));
     EXPECT_FALSE(ReadWholeFile(L""));
@@ -142,14 +142,14 @@ TEST(ReadWholeFileTest, FolderOrMissingFileGivesNothing)
 
 TEST(ReadWholeFileTest, PathWithATerminatorInItNamesNoFile)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "1");
     EXPECT_FALSE(ReadWholeFile(folder.File(std::wstring(L"a\0b", 3))));
 }
 
 TEST(FileBytesTest, DetachedStorageIsTheCallers)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "text");
     auto read = ReadWholeFile(folder.File(L"a"));
     ASSERT_TRUE(read);
@@ -163,7 +163,7 @@ TEST(FileBytesTest, DetachedStorageIsTheCallers)
 
 TEST(ReplaceFileTest, MakesAFileThatIsMissing)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     EXPECT_TRUE(ReplaceFile(folder.File(L"a"), "new"));
     EXPECT_EQ(ReadBytes(folder.File(L"a")), "new");
     EXPECT_EQ(CountEntries(folder.Path()), 1u);
@@ -171,7 +171,7 @@ TEST(ReplaceFileTest, MakesAFileThatIsMissing)
 
 TEST(ReplaceFileTest, ReplacesLongerByShorterAndLeavesNothingBeside)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "a much longer text");
     EXPECT_TRUE(ReplaceFile(folder.File(L"a"), "new"));
     EXPECT_EQ(ReadBytes(folder.File(L"a")), "new");
@@ -182,7 +182,7 @@ TEST(ReplaceFileTest, ReplacesLongerByShorterAndLeavesNothingBeside)
 
 TEST(ReplaceFileTest, FolderCantBeReplaced)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     ASSERT_TRUE(MakeFolder(folder.File(L"a")));
     EXPECT_FALSE(ReplaceFile(folder.File(L"a"), "new"));
     EXPECT_TRUE(FolderExists(folder.File(L"a")));
@@ -191,7 +191,7 @@ TEST(ReplaceFileTest, FolderCantBeReplaced)
 
 TEST(ReplaceFileTest, MissingFolderIsNotMade)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     EXPECT_FALSE(ReplaceFile(folder.File(L"none") + PathSeparator + L"a", "new"));
     EXPECT_FALSE(PathExists(folder.File(L"none")));
     EXPECT_FALSE(ReplaceFile(L"", "new"));
@@ -199,7 +199,7 @@ TEST(ReplaceFileTest, MissingFolderIsNotMade)
 
 TEST(ReplaceFileTest, NameBeyondAsciiIsTheRightFile)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     const std::wstring path = folder.File(L"R\u00E8gle \u65E5\u672C.vrf");
     EXPECT_TRUE(ReplaceFile(path, "new"));
     const auto read = ReadWholeFile(path);

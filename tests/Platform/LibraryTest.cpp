@@ -53,7 +53,7 @@ TEST(LibraryTest, LoadsFromALowerCasedPathWhateverTheFilesAreCalled)
 
 TEST(LibraryTest, NoLibraryGivesNull)
 {
-    const TemporaryFolder folder;
+    const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"text.dll"), "not a library");
     WriteBytes(folder.File(L"text.so"), "not a library");
     WriteBytes(folder.File(L"empty.so"), "");

@@ -1,6 +1,6 @@
 #include <Vantrel/Export.h>
 
-extern "C" VANTREL_EXPORT int InnerNumber()
+extern "C" QOX_MODULE_EXPORT int InnerNumber()
 {
     return 20;
 }

@@ -2,7 +2,7 @@
 
 extern "C" int InnerNumber();
 
-extern "C" VANTREL_EXPORT int OuterNumber()
+extern "C" QOX_MODULE_EXPORT int OuterNumber()
 {
     return InnerNumber() + 1;
 }

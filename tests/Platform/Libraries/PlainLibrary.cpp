@@ -1,6 +1,6 @@
 #include <Vantrel/Export.h>
 
-extern "C" VANTREL_EXPORT int PlainNumber()
+extern "C" QOX_MODULE_EXPORT int PlainNumber()
 {
     return 7;
 }

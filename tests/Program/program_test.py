@@ -1,0 +1,294 @@
+"""Starts the real program on a folder of its own and looks at files, windows and exit status.
+
+Usage: program_test.py <program> <samples folder> [unittest arguments]
+Needs a display with a window manager, xdotool and xmllint.
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+PROGRAM = ""
+SAMPLES = ""
+LIMIT_SECONDS = 60
+
+RULE_MODULES = [
+    (1, "QoxMillRulesu.dll"),
+    (2, "QoxTurnRulesu.dll"),
+    (3, "QoxSMRulesu.dll"),
+    (4, "QOXIMRulesu.dll"),
+    (5, "QOXAssemblyRulesu.dll"),
+    (6, "QoxGenericRulesu.dll"),
+    (7, "QOXCastingRulesu.dll"),
+    (8, "QOXDieCastRulesu.dll"),
+    (9, "QoxToleranceRulesu.dll"),
+    (12, "QOXTubingRulesu.dll"),
+]
+
+
+def read_bytes(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def xdotool(*arguments):
+    """Output lines of xdotool; none if it found nothing."""
+    result = subprocess.run(["xdotool", *arguments], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    return result.stdout.split("\n")[:-1]
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="vantrel-program-test-")
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.environment = dict(os.environ)
+        for name in ("vantrel_data_dir", "VANTREL_DATABASE_DIR", "VANTREL_TEMPFOLDER", "TEMP", "appdata"):
+            self.environment.pop(name, None)
+        for name, folder in (
+            ("HOME", "home"),
+            ("XDG_CONFIG_HOME", "home/config"),
+            ("XDG_DATA_HOME", "home/data"),
+            ("XDG_CACHE_HOME", "home/cache"),
+            ("XDG_RUNTIME_DIR", "run"),
+            ("TMPDIR", "tmp"),
+            ("VANTREL_TEMPFOLDER", "log"),
+        ):
+            path = os.path.join(self.folder, folder)
+            os.makedirs(path, mode=0o700, exist_ok=True)
+            self.environment[name] = path
+        self.processes = []
+        self.addCleanup(self.end_all)
+
+    # --- the program ---
+
+    def start(self, *arguments):
+        process = subprocess.Popen(
+            [PROGRAM, *arguments], env=self.environment, cwd=self.folder, stderr=subprocess.DEVNULL
+        )
+        self.processes.append(process)
+        return process
+
+    def end_all(self):
+        for process in self.processes:
+            if process.poll() is None:
+                process.kill()
+            process.wait()
+
+    def wait_until(self, condition, what):
+        end = time.monotonic() + LIMIT_SECONDS
+        while time.monotonic() < end:
+            result = condition()
+            if result:
+                return result
+            time.sleep(0.05)
+        self.fail(f"not within {LIMIT_SECONDS} s: {what}; windows: {self.titles()}")
+
+    def titles(self, process=None):
+        pid = ["--all", "--pid", str(process.pid)] if process else []
+        names = (xdotool("getwindowname", window) for window in xdotool("search", "--onlyvisible", *pid, "--name", "."))
+        return [name[0] for name in names if name]
+
+    def wait_for_title(self, process, pattern):
+        return self.wait_until(
+            lambda: [title for title in self.titles(process) if re.search(pattern, title)], f"a window {pattern!r}"
+        )
+
+    def wait_for_end(self, process):
+        return process.wait(LIMIT_SECONDS)
+
+    def focus(self, pattern):
+        window = self.wait_until(lambda: xdotool("search", "--onlyvisible", "--name", pattern), f"window {pattern!r}")
+        xdotool("windowactivate", "--sync", window[0])
+
+    def press(self, *keys):
+        for key in keys:
+            xdotool("key", "--clearmodifiers", key)
+
+    def close(self, process):
+        self.press("ctrl+q")
+        self.assertEqual(self.wait_for_end(process), 0)
+
+    # --- files ---
+
+    def settings(self, name):
+        return os.path.join(self.folder, "home/data/vantrel/Settings", name)
+
+    def registry(self):
+        path = os.path.join(self.folder, "home/config/vantrel/registry.reg")
+        return read_bytes(path).decode() if os.path.exists(path) else ""
+
+    def copy_sample(self, name, to=None):
+        path = os.path.join(self.folder, to or name)
+        shutil.copy(os.path.join(SAMPLES, name), path)
+        return path
+
+    def rule_names(self, path):
+        return [rule.get("RuleName") for rule in ElementTree.parse(path).getroot().findall("Rule")]
+
+    def expected_configuration(self):
+        folder = os.path.dirname(os.path.realpath(PROGRAM))
+        lines = [" [RULE_CONFIGURATION_MODULES]"]
+        lines += [f" module{number}={folder}/{name}" for number, name in RULE_MODULES]
+        lines += [" [RULE_DATABASE_MODULES]", f" module1={folder}/QoxSqliteDatabaseu.dll"]
+        return "".join(line + "\n" for line in lines)
+
+    # --- the tests ---
+
+    def test_first_start_in_an_empty_folder_writes_two_sections_and_eleven_keys(self):
+        # A server start makes no document, so nothing but the module lists is asked for.
+        process = self.start("-Embedding")
+        path = self.settings("ConfigModule.ini")
+        self.wait_until(lambda: "CLSID" in self.registry() or ".vrf" in self.registry(), "the file type")
+        self.assertEqual(read_bytes(path).decode(), self.expected_configuration())
+        self.assertEqual(self.titles(process), [])
+
+    def test_first_start_with_a_document_adds_the_script_location(self):
+        process = self.start()
+        self.wait_for_title(process, "^unnamed1 - Vantrel Rule Manager$")
+        script_folder = self.settings("ScriptDir")
+        self.assertEqual(
+            read_bytes(self.settings("ConfigModule.ini")).decode(),
+            self.expected_configuration() + f" [RULE_SCRIPT_LOCATION]\n directory={script_folder}\n",
+        )
+        self.assertTrue(os.path.exists(os.path.join(script_folder, "UserDefinedFile.xml")))
+        self.close(process)
+
+    def test_second_start_hands_its_file_over_and_ends(self):
+        first = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.wait_for_title(first, "^milled-bracket.vrf - ")
+        self.copy_sample("moulded-housing.vrf", "second file \u00e9.vrf")
+        second = self.start("second file \u00e9.vrf")  # relative to its own folder
+        self.assertEqual(self.wait_for_end(second), 0)
+        self.wait_for_title(first, "^second file \u00e9.vrf - ")
+        self.assertEqual(self.titles(second), [])
+
+    def test_second_start_without_a_file_brings_the_first_forward_and_ends(self):
+        first = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.wait_for_title(first, "^milled-bracket.vrf - ")
+        window = xdotool("search", "--onlyvisible", "--name", "^milled-bracket.vrf - ")[0]
+        xdotool("windowminimize", "--sync", window)
+        self.wait_until(lambda: self.titles(first) == [], "the minimised window")
+        second = self.start()
+        self.assertEqual(self.wait_for_end(second), 0)
+        self.wait_for_title(first, "^milled-bracket.vrf - ")
+
+    def test_a_file_that_is_open_is_brought_forward_and_not_opened_twice(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        first = self.start(path)
+        self.wait_for_title(first, "^milled-bracket.vrf - ")
+        self.assertEqual(self.wait_for_end(self.start(path)), 0)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("ctrl+w")
+        self.wait_for_title(first, "^Vantrel Rule Manager$")
+
+    def test_ticking_a_row_and_saving_changes_the_file_by_that_rule_and_unticking_changes_it_back(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        before = read_bytes(path)
+        names = self.rule_names(path)
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("End", "space")
+        self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
+        self.press("ctrl+s")
+        self.wait_for_title(process, "^milled-bracket.vrf - ")
+        after = read_bytes(path)
+        self.assertEqual(self.rule_names(path), names + ["MillSetUps"])
+        self.assertTrue(after.startswith(before[: -len(b"</Lumeq>\n")]))
+        subprocess.run(["xmllint", "--noout", path], check=True)
+
+        self.press("space")
+        self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
+        self.press("ctrl+s")
+        self.wait_for_title(process, "^milled-bracket.vrf - ")
+        self.assertEqual(read_bytes(path), before)
+        self.close(process)
+
+    def test_rules_of_a_file_that_is_not_changed_are_not_asked_about_at_the_end(self):
+        process = self.start(self.copy_sample("sheet-metal-enclosure.vrf"))
+        self.focus("^sheet-metal-enclosure.vrf - ")
+        self.close(process)
+
+    def test_a_file_that_does_not_exist_gives_one_box_and_a_new_document(self):
+        process = self.start("missing.vrf")
+        self.wait_for_title(process, "^Vantrel Rule Manager$")
+        self.focus("^Vantrel Rule Manager$")
+        self.press("Return")
+        self.wait_for_title(process, "^unnamed1 - Vantrel Rule Manager$")
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "missing.vrf")))
+
+    def test_a_file_that_is_no_rule_file_is_refused_and_stays(self):
+        path = os.path.join(self.folder, "notes.vrf")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("Not a rule file.\n")
+        process = self.start(path)
+        self.focus("^Vantrel Rule Manager$")
+        self.press("Return")
+        self.assertEqual(self.wait_for_end(process), 0)
+        self.assertEqual(read_bytes(path), b"Not a rule file.\n")
+
+    def test_a_package_in_any_case_never_reaches_a_document(self):
+        path = self.copy_sample("milled-bracket.vrf", "rules.qOxRuLe")
+        process = self.start(path)
+        self.focus("^Vantrel Rule Manager$")
+        self.assertEqual(len(self.titles(process)), 1)
+        self.press("Return")
+        self.assertEqual(self.wait_for_end(process), 0)
+
+    def test_a_file_without_a_dot_is_an_ordinary_document(self):
+        process = self.start(self.copy_sample("milled-bracket.vrf", "qoxrule"))
+        self.wait_for_title(process, "^qoxrule - Vantrel Rule Manager$")
+
+    def test_an_ordinary_start_registers_and_an_unregistering_one_takes_it_out_and_goes_on(self):
+        class_id = "{74FAF44C-B6AF-493B-A9D9-AED17BA7FED5}"
+        library_id = "{092D31A2-F72E-457D-997F-0FE3E4D26334}"
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.assertIn(class_id, self.registry())
+        self.assertIn(library_id, self.registry())
+        self.close(process)
+        process = self.start("-unregister")
+        self.focus("^unnamed1 - ")
+        self.assertNotIn(class_id, self.registry())
+        self.assertNotIn(library_id, self.registry())
+        self.close(process)
+
+    def test_the_log_is_written_while_it_is_switched_on(self):
+        process = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.focus("^milled-bracket.vrf - ")
+        self.press("alt+v", "w")
+        self.focus("^Vantrel Rule Manager$")
+        self.press("Return")
+        log = os.path.join(self.folder, "log", "Vantrel_RuleBuilder.vantrellog")
+        self.wait_until(lambda: os.path.exists(log) and read_bytes(log), "the log")
+        self.focus("^milled-bracket.vrf - ")
+        self.press("End", "space")
+        self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
+        self.press("alt+v", "w")
+        self.wait_until(lambda: b"Closing the log file" in read_bytes(log), "the end of the log")
+        lines = [line.split("\t")[-1] for line in read_bytes(log).decode().splitlines()]
+        self.assertEqual(
+            lines, ["Log creation started", "MillSetUps Rule is Selected", "Closing the log file"]
+        )
+
+    def test_the_window_comes_back_where_it_was(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        window = xdotool("search", "--onlyvisible", "--name", "^unnamed1 - ")[0]
+        xdotool("windowsize", "--sync", window, "800", "500")
+        self.close(process)
+        self.start()
+        self.focus("^unnamed1 - ")
+        window = xdotool("search", "--onlyvisible", "--name", "^unnamed1 - ")[0]
+        geometry = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window) if "=" in line)
+        self.assertEqual((geometry["WIDTH"], geometry["HEIGHT"]), ("800", "500"))
+
+
+if __name__ == "__main__":
+    PROGRAM, SAMPLES = (os.path.abspath(argument) for argument in sys.argv[1:3])
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
