@@ -166,7 +166,7 @@ RegistryStore::RegistryStore(std::string_view bytes)
         const std::size_t end = std::min(text.find('\n', start), text.size());
         std::string line = text.substr(start, end - start);
         start = end + 1;
-        if (line.ends_with('\r'))
+        while (line.ends_with('\r'))
         {
             line.pop_back();
         }

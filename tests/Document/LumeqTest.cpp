@@ -108,6 +108,8 @@ TEST(LumeqTest, DestroyingARuleDeletesItAndKeepsTheOthersInOrder)
     class Counted : public ConcreteQOXRule
     {
     public:
+        using ConcreteQOXRule::operator=;
+
         explicit Counted(int& alive) : m_alive(alive) { ++m_alive; }
         ~Counted() override { --m_alive; }
 

@@ -221,7 +221,7 @@ TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
     document.Save(path);
     CVantrelLog::CloseLogFile();
     const std::string text = ReadBytes(log);
-    for (const std::string line : { "Command received to open Rule file " + ToNarrow(path) + "\n",
+    for (const std::string& line : { "Command received to open Rule file " + ToNarrow(path) + "\n",
                                     std::string("Rule file has been opened successfully\n"),
                                     std::string("Save has been called\n"), std::string("The document has been saved\n") })
     {

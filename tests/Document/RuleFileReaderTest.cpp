@@ -75,10 +75,10 @@ TEST_F(RuleFileReaderTest, AFileWithoutRulesGivesTheUnitsAndNoRules)
 
 TEST_F(RuleFileReaderTest, AnUnparsableUnitKeepsTheDefaultUnit)
 {
-    for (const std::string unit : { "", " ", "inches", "+-3", "x3", "99999999999999999999" })
+    for (const char* const unit : { "", " ", "inches", "+-3", "x3", "99999999999999999999" })
     {
         record.newRuleUnits = { 8, 2 };
-        EXPECT_TRUE(Load("<Lumeq Unit=\"" + unit + "\" AngularUnit=\"" + unit + "\"/>"));
+        EXPECT_TRUE(Load(std::string("<Lumeq Unit=\"") + unit + "\" AngularUnit=\"" + unit + "\"/>"));
         EXPECT_EQ(record.newRuleUnits, (structRulesUnit{ 8, 2 })) << unit;
     }
     EXPECT_TRUE(Load("<Lumeq/>"));

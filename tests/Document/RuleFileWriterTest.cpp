@@ -45,6 +45,8 @@ private:
 class FailingRule : public ConcreteQOXRule
 {
 public:
+    using ConcreteQOXRule::operator=;
+
     QoxXMLNode* GetXML() override { return nullptr; }
 };
 

@@ -384,4 +384,5 @@ TEST(DataSettingsFolderTest, AFolderThatCanNotBeToldWholeIsNone)
     EXPECT_EQ(DataSettingsFolder(nullptr), L"") << "the library lacks the function";
     EXPECT_EQ(DataSettingsFolder(&GrowingFolder), L"");
     EXPECT_EQ(DataSettingsFolder(&FolderOfLength<static_cast<std::size_t>(-1)>), L"");
+    EXPECT_EQ(DataSettingsFolder(&FolderOfLength<(static_cast<std::size_t>(-1) >> 4)>), L"") << "no such memory";
 }

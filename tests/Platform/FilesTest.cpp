@@ -105,7 +105,7 @@ TEST(FilesTest, DeletedMeansGoneAfterwards)
 
 TEST(FilesTest, TemporaryFolderEndsInASeparator)
 {
-    const std::wstring folder = TemporaryFolder();
+    const std::wstring folder = Platform::TemporaryFolder();
     ASSERT_FALSE(folder.empty());
     EXPECT_EQ(folder.back(), PathSeparator);
     EXPECT_TRUE(FolderExists(folder));

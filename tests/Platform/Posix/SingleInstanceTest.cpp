@@ -187,7 +187,7 @@ TEST_F(SingleInstanceTest, InboxOfALaterInstanceStaysEmpty)
 
 TEST_F(SingleInstanceTest, SocketOfACrashedInstanceIsReplaced)
 {
-    ASSERT_EQ(WaitForChild(StartChild([] {
+    ASSERT_EQ(WaitForChild(StartChild([]() -> int {
                   const InstanceMark* crashed = new InstanceMark(Name);
                   ::_exit(crashed->CreationError());
               })),

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Modules/ApplicationGlobals.h"
+#include "Modules/ModuleSet.h"
+#include "Utilities/UserPrompt.h"
+
+#include <Vantrel/PointerArray.h>
+
+#include <string>
+
+/// An application object with the rule modules of the stage, in `g_pApp` for as long as it
+/// lives, and a folder for the files of a benchmark.
+class BenchApplication : public IRuleApplication, private IUserPrompt
+{
+public:
+    /// Loads the modules. Throws if one is missing.
+    BenchApplication();
+    ~BenchApplication() override;
+    BenchApplication(const BenchApplication&) = delete;
+    BenchApplication& operator=(const BenchApplication&) = delete;
+
+    ModuleSet& Modules() override { return m_modules; }
+    IUserPrompt& Prompt() override { return *this; }
+    void SetDocOpenState(int /*state*/) override {}
+    bool HasActiveDocument() const override { return false; }
+
+    /// Path of a file of that name. In memory where the system has a folder for that, so
+    /// that the disk doesn't count.
+    std::string File(const std::string& name) const { return m_folder + name; }
+
+    /// Appends new rules of all modules, each in turn, until there are `count` of them.
+    void MakeRules(PointerArray& rules, int count);
+
+    /// Gives all rules back to their modules and empties the array.
+    void GiveBack(PointerArray& rules) const;
+
+private:
+    void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override {}
+    bool AskYesNo(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override
+    {
+        return false;
+    }
+
+    std::string m_folder;
+    ModuleSet m_modules;
+};
