@@ -18,11 +18,7 @@ std::wstring FolderPart(std::wstring_view path)
     return std::wstring(separator == std::wstring_view::npos ? std::wstring_view() : path.substr(0, separator));
 }
 
-FileBytes::FileBytes(void* data, std::size_t size)
-    : m_data(data)
-    , m_size(size)
-{
-}
+FileBytes::FileBytes(void* data, std::size_t size) : m_data(data), m_size(size) {}
 
 FileBytes::~FileBytes()
 {
@@ -30,8 +26,7 @@ FileBytes::~FileBytes()
 }
 
 FileBytes::FileBytes(FileBytes&& other) noexcept
-    : m_data(std::exchange(other.m_data, nullptr))
-    , m_size(std::exchange(other.m_size, 0))
+    : m_data(std::exchange(other.m_data, nullptr)), m_size(std::exchange(other.m_size, 0))
 {
 }
 

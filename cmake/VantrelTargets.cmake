@@ -188,6 +188,8 @@ function(vantrel_test target)
         set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
     endif()
 
+    # The list goes through several scripts of CMake, each of which would split it.
+    string(REPLACE ";" "\\\\\\\\\\\\\\\\;" environment "${environment}")
     gtest_discover_tests(${target}
         DISCOVERY_TIMEOUT 60
         PROPERTIES

@@ -29,9 +29,9 @@ struct DefaultValue
 /// Writes the default values of keys in the class root. Stops at the first refusal.
 bool WriteDefaults(const std::vector<DefaultValue>& values)
 {
-    return std::all_of(values.begin(), values.end(), [](const DefaultValue& value) {
-        return WriteRegistryText(RegistryRoot::ClassesRoot, value.key, L"", value.text);
-    });
+    return std::all_of(values.begin(), values.end(),
+                       [](const DefaultValue& value)
+                       { return WriteRegistryText(RegistryRoot::ClassesRoot, value.key, L"", value.text); });
 }
 
 bool DeleteClassKey(const std::wstring& key)
@@ -68,9 +68,7 @@ bool InitializeAutomation()
     return true;
 }
 
-void UninitializeAutomation()
-{
-}
+void UninitializeAutomation() {}
 
 bool RegisterDocumentClass(const std::wstring& programId, const std::wstring& typeName)
 {

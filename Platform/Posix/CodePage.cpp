@@ -55,8 +55,8 @@ std::string Narrow(std::wstring_view text, bool& lost)
             continue;
         }
         const std::size_t count = CodePageIsAscii() || IsSurrogateOrBeyond(character)
-                                      ? static_cast<std::size_t>(-1)
-                                      : std::wcrtomb(bytes.data(), character, &state);
+                                    ? static_cast<std::size_t>(-1)
+                                    : std::wcrtomb(bytes.data(), character, &state);
         if (count == static_cast<std::size_t>(-1))
         {
             lost = true;
@@ -111,9 +111,8 @@ std::wstring FromCodePage(std::string_view text)
             continue;
         }
         wchar_t character = 0;
-        const std::size_t count =
-            ascii ? static_cast<std::size_t>(-1)
-                  : std::mbrtowc(&character, text.data() + index, text.size() - index, &state);
+        const std::size_t count = ascii ? static_cast<std::size_t>(-1)
+                                        : std::mbrtowc(&character, text.data() + index, text.size() - index, &state);
         // The two largest values mean a wrong byte and a character that is cut off.
         if (count == 0 || count > text.size() - index || IsSurrogateOrBeyond(character))
         {

@@ -26,8 +26,7 @@ constexpr unsigned char NativeOrder = std::endian::native == std::endian::little
 class File
 {
 public:
-    explicit File(const std::string& path)
-        : m_file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
+    explicit File(const std::string& path) : m_file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
     {
         struct stat status = {};
         if (m_file >= 0 && ::fstat(m_file, &status) == 0 && S_ISREG(status.st_mode))
@@ -51,7 +50,8 @@ public:
 
     bool Read(std::uint64_t offset, void* data, std::size_t size) const
     {
-        return Holds(offset, size) && ::pread(m_file, data, size, static_cast<off_t>(offset)) == static_cast<ssize_t>(size);
+        return Holds(offset, size) &&
+               ::pread(m_file, data, size, static_cast<off_t>(offset)) == static_cast<ssize_t>(size);
     }
 
     /// Text up to its terminator, which must come within `most` bytes.
@@ -79,8 +79,8 @@ private:
 bool IsNativeLibrary(const Header& header)
 {
     return std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 && header.e_ident[EI_CLASS] == NativeClass &&
-           header.e_ident[EI_DATA] == NativeOrder && header.e_type == ET_DYN &&
-           header.e_phentsize == sizeof(Segment) && header.e_phnum > 0;
+           header.e_ident[EI_DATA] == NativeOrder && header.e_type == ET_DYN && header.e_phentsize == sizeof(Segment) &&
+           header.e_phnum > 0;
 }
 
 /// Where a part of the loaded image lies in the file.
@@ -142,10 +142,13 @@ std::optional<ElfLibrary> ReadElfLibrary(const std::string& path)
     {
         return std::nullopt;
     }
-    const bool whole = std::all_of(segments.begin(), segments.end(), [&file](const Segment& segment) {
-        return segment.p_type != PT_LOAD ||
-               (segment.p_filesz <= segment.p_memsz && file.Holds(segment.p_offset, segment.p_filesz));
-    });
+    const bool whole =
+        std::all_of(segments.begin(), segments.end(),
+                    [&file](const Segment& segment)
+                    {
+                        return segment.p_type != PT_LOAD ||
+                               (segment.p_filesz <= segment.p_memsz && file.Holds(segment.p_offset, segment.p_filesz));
+                    });
     const auto dynamic = std::find_if(segments.begin(), segments.end(),
                                       [](const Segment& segment) { return segment.p_type == PT_DYNAMIC; });
     if (!whole || dynamic == segments.end() || !file.Holds(dynamic->p_offset, dynamic->p_filesz))

@@ -53,11 +53,7 @@ class Inbox;
 /// One sender. Lives until it was answered, went away or took too long.
 struct Sender : std::enable_shared_from_this<Sender>
 {
-    Sender(Inbox& owner, Posix::Descriptor accepted)
-        : inbox(owner)
-        , socket(std::move(accepted))
-    {
-    }
+    Sender(Inbox& owner, Posix::Descriptor accepted) : inbox(owner), socket(std::move(accepted)) {}
 
     Inbox& inbox; ///< Owns this.
     Posix::Descriptor socket;
@@ -69,11 +65,7 @@ struct Sender : std::enable_shared_from_this<Sender>
 class Inbox : public std::enable_shared_from_this<Inbox>
 {
 public:
-    Inbox(int listener, InstanceRequests requests)
-        : m_listener(listener)
-        , m_requests(std::move(requests))
-    {
-    }
+    Inbox(int listener, InstanceRequests requests) : m_listener(listener), m_requests(std::move(requests)) {}
 
     void Open();
 
@@ -217,11 +209,7 @@ bool Inbox::Deliver(const Sender& sender) const
 
 struct InstanceInbox::State
 {
-    explicit State(std::shared_ptr<Inbox> made)
-        : inbox(std::move(made))
-    {
-        inbox->Open();
-    }
+    explicit State(std::shared_ptr<Inbox> made) : inbox(std::move(made)) { inbox->Open(); }
 
     ~State() { inbox->Close(); }
 

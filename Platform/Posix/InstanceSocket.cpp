@@ -101,10 +101,7 @@ Descriptor::~Descriptor()
     }
 }
 
-Descriptor::Descriptor(Descriptor&& other) noexcept
-    : m_file(std::exchange(other.m_file, -1))
-{
-}
+Descriptor::Descriptor(Descriptor&& other) noexcept : m_file(std::exchange(other.m_file, -1)) {}
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
 {
@@ -123,8 +120,7 @@ InstancePaths PathsOfInstance(const char* markName)
     identity += '\0';
     identity += PathBytes(ProgramPath());
     std::array<char, 32> name = {};
-    std::snprintf(name.data(), name.size(), "/vantrel-%016llx",
-                  static_cast<unsigned long long>(StableHash(identity)));
+    std::snprintf(name.data(), name.size(), "/vantrel-%016llx", static_cast<unsigned long long>(StableHash(identity)));
     return { folder + name.data() + ".lock", folder + name.data() + ".sock" };
 }
 
@@ -138,7 +134,8 @@ Descriptor ListenAt(const std::string& path)
     }
     ::unlink(path.c_str());
     const auto* generic = reinterpret_cast<const sockaddr*>(&*address);
-    const bool listens = ::bind(listener.Get(), generic, sizeof(*address)) == 0 && ::listen(listener.Get(), Backlog) == 0;
+    const bool listens =
+        ::bind(listener.Get(), generic, sizeof(*address)) == 0 && ::listen(listener.Get(), Backlog) == 0;
     return listens ? std::move(listener) : Descriptor();
 }
 

@@ -11,10 +11,7 @@ namespace Platform::Posix
 class Descriptor
 {
 public:
-    explicit Descriptor(int file = -1)
-        : m_file(file)
-    {
-    }
+    explicit Descriptor(int file = -1) : m_file(file) {}
     ~Descriptor();
     Descriptor(Descriptor&& other) noexcept;
     Descriptor& operator=(Descriptor&& other) noexcept;

@@ -48,7 +48,8 @@ std::optional<std::string> FindBelow(const std::string& folder, const std::vecto
                                      std::size_t index)
 {
     const bool last = index + 1 == parts.size();
-    const auto tryName = [&](const std::string& name) -> std::optional<std::string> {
+    const auto tryName = [&](const std::string& name) -> std::optional<std::string>
+    {
         std::string path = folder + '/' + name;
         if (!HasKind(path, last ? S_IFREG : S_IFDIR))
         {

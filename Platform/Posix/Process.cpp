@@ -5,8 +5,8 @@
 #include "Platform/Posix/UserFolders.h"
 
 #include <array>
-#include <clocale>
 #include <climits>
+#include <clocale>
 #include <cstdlib>
 #include <pwd.h>
 #include <unistd.h>

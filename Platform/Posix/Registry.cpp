@@ -94,16 +94,14 @@ std::optional<std::uint32_t> ReadRegistryNumber(RegistryRoot root, std::wstring_
 
 bool WriteRegistryText(RegistryRoot root, std::wstring_view key, std::wstring_view name, std::wstring_view text)
 {
-    return MayWriteRegistryKey(root, key) && ChangeStore([&](Posix::RegistryStore& store) {
-               return store.SetText(FullKey(root, key), name, text);
-           });
+    return MayWriteRegistryKey(root, key) &&
+           ChangeStore([&](Posix::RegistryStore& store) { return store.SetText(FullKey(root, key), name, text); });
 }
 
 bool WriteRegistryNumber(RegistryRoot root, std::wstring_view key, std::wstring_view name, std::uint32_t number)
 {
-    return MayWriteRegistryKey(root, key) && ChangeStore([&](Posix::RegistryStore& store) {
-               return store.SetNumber(FullKey(root, key), name, number);
-           });
+    return MayWriteRegistryKey(root, key) &&
+           ChangeStore([&](Posix::RegistryStore& store) { return store.SetNumber(FullKey(root, key), name, number); });
 }
 
 bool RegistryKeyExists(RegistryRoot root, std::wstring_view key)
@@ -142,10 +140,12 @@ bool DeleteRegistryKey(RegistryRoot root, std::wstring_view key)
     {
         return true;
     }
-    return MayWriteRegistryKey(root, key) && ChangeStore([&full](Posix::RegistryStore& changed) {
-               changed.DeleteKey(full);
-               return true;
-           });
+    return MayWriteRegistryKey(root, key) && ChangeStore(
+                                                 [&full](Posix::RegistryStore& changed)
+                                                 {
+                                                     changed.DeleteKey(full);
+                                                     return true;
+                                                 });
 }
 
 } // namespace Platform

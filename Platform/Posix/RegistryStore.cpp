@@ -148,7 +148,8 @@ bool IsOrIsBelow(std::wstring_view key, std::wstring_view above)
 
 void AddOnce(std::vector<std::wstring>& names, std::wstring_view name)
 {
-    if (std::none_of(names.begin(), names.end(), [name](const std::wstring& known) { return EqualsNoCase(known, name); }))
+    if (std::none_of(names.begin(), names.end(),
+                     [name](const std::wstring& known) { return EqualsNoCase(known, name); }))
     {
         names.emplace_back(name);
     }
@@ -176,8 +177,8 @@ RegistryStore::RegistryStore(std::string_view bytes)
             AddLine(std::move(pending));
             pending.clear();
         }
-        const bool continued = Trim(line).ends_with('\\') &&
-                               (!pending.empty() || line.find("=hex") != std::string::npos);
+        const bool continued =
+            Trim(line).ends_with('\\') && (!pending.empty() || line.find("=hex") != std::string::npos);
         pending += line;
         if (continued && start < text.size())
         {
@@ -277,7 +278,8 @@ std::string RegistryStore::Bytes() const
 {
     std::string bytes;
     const auto& first = m_sections.front().lines;
-    const bool hasHeader = std::any_of(first.begin(), first.end(), [](const Line& line) { return line.raw == FileHeader; });
+    const bool hasHeader =
+        std::any_of(first.begin(), first.end(), [](const Line& line) { return line.raw == FileHeader; });
     if (!hasHeader)
     {
         bytes += FileHeader;
@@ -312,9 +314,10 @@ auto RegistryStore::FindIn(Sections& sections, std::wstring_view key, std::wstri
         {
             continue;
         }
-        const auto line = std::find_if(section->lines.rbegin(), section->lines.rend(), [name](const Line& candidate) {
-            return candidate.kind != Kind::NoValue && EqualsNoCase(candidate.name, name);
-        });
+        const auto line = std::find_if(section->lines.rbegin(), section->lines.rend(),
+                                       [name](const Line& candidate) {
+                                           return candidate.kind != Kind::NoValue && EqualsNoCase(candidate.name, name);
+                                       });
         if (line != section->lines.rend())
         {
             return &*line;
@@ -414,9 +417,9 @@ bool RegistryStore::Set(std::wstring_view key, Line line)
         *known = std::move(line);
         return true;
     }
-    auto section = std::find_if(m_sections.rbegin(), m_sections.rend(), [key](const Section& candidate) {
-        return candidate.isKey && EqualsNoCase(candidate.key, key);
-    });
+    auto section =
+        std::find_if(m_sections.rbegin(), m_sections.rend(),
+                     [key](const Section& candidate) { return candidate.isKey && EqualsNoCase(candidate.key, key); });
     if (section == m_sections.rend())
     {
         Section made;

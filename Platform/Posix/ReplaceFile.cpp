@@ -161,8 +161,7 @@ bool WriteInPlace(FileOperations& operations, const std::string& path, std::stri
 class TemporaryFileBeside
 {
 public:
-    TemporaryFileBeside(FileOperations& operations, const std::string& folder, mode_t mode)
-        : m_operations(operations)
+    TemporaryFileBeside(FileOperations& operations, const std::string& folder, mode_t mode) : m_operations(operations)
     {
         std::random_device random;
         for (int tries = 0; tries < 16; ++tries)

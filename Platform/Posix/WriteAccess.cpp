@@ -11,7 +11,9 @@ namespace Platform
 bool CanWriteFile(const std::wstring& path)
 {
     const std::filesystem::path native = NativePath(path);
-    struct stat status{};
+    struct stat status
+    {
+    };
     if (::stat(native.c_str(), &status) == 0)
     {
         return !S_ISDIR(status.st_mode) && ::faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) == 0;

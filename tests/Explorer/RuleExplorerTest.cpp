@@ -349,7 +349,11 @@ TEST_F(RuleExplorerTest, AReloadDropsTheRowsOfModulesThatAreNotConfiguredAnyMore
     OpenWith(FirstRule);
     auto& paths = application.Modules().ConfigModulePaths();
     paths.pop_front(); // the first module, one of whose rules is ticked
+    ModuleSet::Handles toFree;
+    application.Modules().LoadConfigModules(toFree);
+    EXPECT_EQ(toFree.size(), 1u);
     explorer.UpdateRuleList(false);
+    ModuleSet::FreeModules(toFree);
     EXPECT_EQ(Names(), (NameList{ L"TestModuleSecond Rule 1", L"TestModuleSecond Rule 2" }));
     EXPECT_TRUE(document.Rules().IsEmpty());
     EXPECT_TRUE(window.modified);

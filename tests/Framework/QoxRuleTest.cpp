@@ -80,7 +80,7 @@ void FillWithEverything(CQoxRule& rule)
         CQoxParamStorage parameter;
         parameter.nNumber = number++;
         parameter.eKind = kind;
-        parameter.dValue = 1;
+        parameter.dValue = parameter.IsNumeric() ? 1 : 0;
         parameter.strValue = parameter.IsNumeric() ? L"" : L"text";
         rule.Parameters().push_back(parameter);
     }

@@ -143,9 +143,7 @@ TEST(LibraryTest, RunningProgramIsFoundByItsPathAndByItsName)
     EXPECT_EQ(FindLoadedLibrary(L"SomeOtherProgram.exe"), nullptr);
 }
 
-void FunctionOfTheProgram()
-{
-}
+void FunctionOfTheProgram() {}
 
 TEST(LibraryTest, FunctionTellsItsLibrary)
 {

@@ -25,25 +25,21 @@ TEST_P(Utf8Test, ReadsAsUnicodeTells)
 
 INSTANTIATE_TEST_SUITE_P(
     Text, Utf8Test,
-    testing::Values(
-        Utf8Case{ "Empty", "", u"" },
-        Utf8Case{ "Ascii", "abc", u"abc" },
-        Utf8Case{ "Nul", std::string("a\0b", 3), std::u16string(u"a\0b", 3) },
-        Utf8Case{ "TwoBytes", "\xC3\xA9", u"\u00E9" },
-        Utf8Case{ "ThreeBytes", "\xE6\x97\xA5", u"\u65E5" },
-        Utf8Case{ "FourBytes", "\xF0\x9F\x98\x80", u"\U0001F600" },
-        Utf8Case{ "LastCodePoint", "\xF4\x8F\xBF\xBF", u"\U0010FFFF" },
-        Utf8Case{ "AboveLastCodePoint", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD" },
-        Utf8Case{ "Overlong", "\xC0\xAF", u"\uFFFD\uFFFD" },
-        Utf8Case{ "OverlongThree", "\xE0\x80\xAF", u"\uFFFD\uFFFD\uFFFD" },
-        Utf8Case{ "OverlongFour", "\xF0\x80\x80\xAF", u"\uFFFD\uFFFD\uFFFD\uFFFD" },
-        Utf8Case{ "Surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD" },
-        Utf8Case{ "LoneTail", "a\x80z", u"a\uFFFDz" },
-        Utf8Case{ "CutOffAtEnd", "a\xE6\x97", u"a\uFFFD" },
-        Utf8Case{ "CutOffKeepsWhatFollows", "\xE6\x97z", u"\uFFFDz" },
-        Utf8Case{ "CutOffByAnother", "\xE6\xC3\xA9", u"\uFFFD\u00E9" },
-        Utf8Case{ "NeverUsedByte", "\xFFz", u"\uFFFDz" },
-        Utf8Case{ "AsciiOverEightThenOther", "0123456789\xC3\xA9", u"0123456789\u00E9" }),
+    testing::Values(Utf8Case{ "Empty", "", u"" }, Utf8Case{ "Ascii", "abc", u"abc" },
+                    Utf8Case{ "Nul", std::string("a\0b", 3), std::u16string(u"a\0b", 3) },
+                    Utf8Case{ "TwoBytes", "\xC3\xA9", u"\u00E9" }, Utf8Case{ "ThreeBytes", "\xE6\x97\xA5", u"\u65E5" },
+                    Utf8Case{ "FourBytes", "\xF0\x9F\x98\x80", u"\U0001F600" },
+                    Utf8Case{ "LastCodePoint", "\xF4\x8F\xBF\xBF", u"\U0010FFFF" },
+                    Utf8Case{ "AboveLastCodePoint", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD" },
+                    Utf8Case{ "Overlong", "\xC0\xAF", u"\uFFFD\uFFFD" },
+                    Utf8Case{ "OverlongThree", "\xE0\x80\xAF", u"\uFFFD\uFFFD\uFFFD" },
+                    Utf8Case{ "OverlongFour", "\xF0\x80\x80\xAF", u"\uFFFD\uFFFD\uFFFD\uFFFD" },
+                    Utf8Case{ "Surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD" },
+                    Utf8Case{ "LoneTail", "a\x80z", u"a\uFFFDz" }, Utf8Case{ "CutOffAtEnd", "a\xE6\x97", u"a\uFFFD" },
+                    Utf8Case{ "CutOffKeepsWhatFollows", "\xE6\x97z", u"\uFFFDz" },
+                    Utf8Case{ "CutOffByAnother", "\xE6\xC3\xA9", u"\uFFFD\u00E9" },
+                    Utf8Case{ "NeverUsedByte", "\xFFz", u"\uFFFDz" },
+                    Utf8Case{ "AsciiOverEightThenOther", "0123456789\xC3\xA9", u"0123456789\u00E9" }),
     [](const testing::TestParamInfo<Utf8Case>& row) { return row.param.name; });
 
 TEST(TextTest, WideTextGoesThroughUtf8Unchanged)
@@ -61,10 +57,9 @@ TEST(TextTest, EveryCodePointGoesThroughUtf8AndUtf16)
         {
             continue;
         }
-        const std::u16string units = code < 0x10000
-                                         ? std::u16string(1, static_cast<char16_t>(code))
-                                         : std::u16string{ static_cast<char16_t>(0xD7C0 + (code >> 10)),
-                                                           static_cast<char16_t>(0xDC00 + (code & 0x3FF)) };
+        const std::u16string units = code < 0x10000 ? std::u16string(1, static_cast<char16_t>(code))
+                                                    : std::u16string{ static_cast<char16_t>(0xD7C0 + (code >> 10)),
+                                                                      static_cast<char16_t>(0xDC00 + (code & 0x3FF)) };
         const std::wstring wide = Utf16ToWide(units);
         ASSERT_EQ(WideToUtf16(wide), units) << std::hex << static_cast<unsigned>(code);
         ASSERT_EQ(Utf8ToWide(WideToUtf8(wide)), wide) << std::hex << static_cast<unsigned>(code);

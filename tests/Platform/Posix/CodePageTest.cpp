@@ -19,8 +19,7 @@ class ScopedLocale
 {
 public:
     explicit ScopedLocale(const char* name)
-        : m_before(std::setlocale(LC_CTYPE, nullptr))
-        , m_taken(std::setlocale(LC_CTYPE, name) != nullptr)
+        : m_before(std::setlocale(LC_CTYPE, nullptr)), m_taken(std::setlocale(LC_CTYPE, name) != nullptr)
     {
     }
     ~ScopedLocale() { std::setlocale(LC_CTYPE, m_before.c_str()); }

@@ -38,10 +38,12 @@ TEST(PosixFilesTest, UnreadableFileCantBeOpened)
     WriteBytes(folder.File(L"a"), "1");
     ASSERT_EQ(::chmod(NativePath(folder.Path()).c_str(), 0755), 0);
     ASSERT_EQ(::chmod(NativePath(folder.File(L"a")).c_str(), 0), 0);
-    EXPECT_TRUE(RunWithoutPrivileges([&folder] {
-        const std::wstring path = folder.File(L"a");
-        return PathExists(path) && !FileExists(path) && !ReadWholeFile(path);
-    }));
+    EXPECT_TRUE(RunWithoutPrivileges(
+        [&folder]
+        {
+            const std::wstring path = folder.File(L"a");
+            return PathExists(path) && !FileExists(path) && !ReadWholeFile(path);
+        }));
 }
 
 TEST(PosixFilesTest, DeletingALinkLeavesItsTarget)

@@ -70,9 +70,9 @@ TEST_F(LibraryFileTest, FolderThatMayNotBeListedIsPassedThrough)
     Make(L"closed/Modules/X.so");
     ASSERT_EQ(::chmod(NativePath(m_folder.Path()).c_str(), 0755), 0);
     ASSERT_EQ(::chmod(Native(L"closed").c_str(), 0711), 0);
-    EXPECT_TRUE(RunWithoutPrivileges([this] {
-        return Posix::FindLibraryFile(m_folder.File(L"closed/Modules/x.so")) == Native(L"closed/Modules/X.so");
-    }));
+    EXPECT_TRUE(RunWithoutPrivileges(
+        [this]
+        { return Posix::FindLibraryFile(m_folder.File(L"closed/Modules/x.so")) == Native(L"closed/Modules/X.so"); }));
 }
 
 TEST_F(LibraryFileTest, LoadedFileIsFoundThroughALinkToo)

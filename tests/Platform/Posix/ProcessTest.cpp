@@ -33,8 +33,8 @@ TEST(ProcessTest, UserFoldersFollowTheirVariables)
         EXPECT_EQ(UserDataFolder(), L"/d/vantrel/");
         EXPECT_EQ(UserConfigurationFolder(), L"/c/vantrel");
     }
-    for (const std::optional<std::wstring>& none : { std::optional<std::wstring>(), std::optional<std::wstring>(L""),
-                                                     std::optional<std::wstring>(L"relative") })
+    for (const std::optional<std::wstring>& none :
+         { std::optional<std::wstring>(), std::optional<std::wstring>(L""), std::optional<std::wstring>(L"relative") })
     {
         const ScopedVariable data("XDG_DATA_HOME", none);
         const ScopedVariable configuration("XDG_CONFIG_HOME", none);

@@ -59,12 +59,14 @@ TEST_F(RegistryFileTest, RootItselfIsNotDeleted)
 TEST_F(RegistryFileTest, MachineKeysAreTheAdministrators)
 {
     ASSERT_EQ(::chmod(NativePath(m_folder.Path()).c_str(), 0777), 0);
-    EXPECT_TRUE(RunWithoutPrivileges([] {
-        return !MayWriteRegistryKey(RegistryRoot::LocalMachine, L"SOFTWARE") &&
-               !WriteRegistryText(RegistryRoot::LocalMachine, L"SOFTWARE\\A", L"b", L"c") &&
-               !WriteRegistryNumber(RegistryRoot::LocalMachine, L"SOFTWARE\\A", L"b", 1) &&
-               MayWriteRegistryKey(RegistryRoot::CurrentUser, L"Software");
-    }));
+    EXPECT_TRUE(RunWithoutPrivileges(
+        []
+        {
+            return !MayWriteRegistryKey(RegistryRoot::LocalMachine, L"SOFTWARE") &&
+                   !WriteRegistryText(RegistryRoot::LocalMachine, L"SOFTWARE\\A", L"b", L"c") &&
+                   !WriteRegistryNumber(RegistryRoot::LocalMachine, L"SOFTWARE\\A", L"b", 1) &&
+                   MayWriteRegistryKey(RegistryRoot::CurrentUser, L"Software");
+        }));
     EXPECT_FALSE(RegistryKeyExists(RegistryRoot::LocalMachine, L"SOFTWARE\\A"));
 }
 
@@ -73,10 +75,12 @@ TEST_F(RegistryFileTest, MachineKeysMayBeReadByAll)
     ASSERT_EQ(::chmod(NativePath(m_folder.Path()).c_str(), 0777), 0);
     ASSERT_TRUE(MakeFolder(m_folder.File(L"vantrel")));
     WriteBytes(m_path, "[HKEY_LOCAL_MACHINE\\SOFTWARE\\A]\n\"b\"=\"c\"\n");
-    EXPECT_TRUE(RunWithoutPrivileges([] {
-        return ReadRegistryText(RegistryRoot::LocalMachine, L"software\\a", L"b") == L"c" &&
-               !DeleteRegistryKey(RegistryRoot::LocalMachine, L"SOFTWARE\\A");
-    }));
+    EXPECT_TRUE(RunWithoutPrivileges(
+        []
+        {
+            return ReadRegistryText(RegistryRoot::LocalMachine, L"software\\a", L"b") == L"c" &&
+                   !DeleteRegistryKey(RegistryRoot::LocalMachine, L"SOFTWARE\\A");
+        }));
     EXPECT_TRUE(RegistryKeyExists(RegistryRoot::LocalMachine, L"SOFTWARE\\A"));
 }
 
@@ -87,15 +91,17 @@ TEST_F(RegistryFileTest, WritersInSeveralProcessesLoseNothing)
     std::vector<pid_t> children;
     for (int writer = 0; writer < Writers; ++writer)
     {
-        children.push_back(StartChild([writer] {
-            bool good = true;
-            for (int value = 0; value < ValuesEach; ++value)
+        children.push_back(StartChild(
+            [writer]
             {
-                const std::wstring name = std::to_wstring(writer) + L"-" + std::to_wstring(value);
-                good = WriteRegistryNumber(RegistryRoot::CurrentUser, L"Shared", name, 1) && good;
-            }
-            return good ? 0 : 1;
-        }));
+                bool good = true;
+                for (int value = 0; value < ValuesEach; ++value)
+                {
+                    const std::wstring name = std::to_wstring(writer) + L"-" + std::to_wstring(value);
+                    good = WriteRegistryNumber(RegistryRoot::CurrentUser, L"Shared", name, 1) && good;
+                }
+                return good ? 0 : 1;
+            }));
     }
     for (const pid_t child : children)
     {

@@ -132,21 +132,18 @@ TEST_P(RegistryStoreBadLineTest, IsKeptAndDisturbsNothing)
     EXPECT_NE(store.Bytes().find(std::string("\n") + GetParam().line + "\n"), std::string::npos);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, RegistryStoreBadLineTest,
-                         testing::Values(BadLine{ "OpenQuote", "\"bad\"=\"no end" },
-                                         BadLine{ "OpenName", "\"bad" }, BadLine{ "NoValue", "\"bad\"" },
-                                         BadLine{ "EscapeAtEnd", "\"bad\"=\"\\" },
-                                         BadLine{ "TextBehindText", "\"bad\"=\"a\" b" },
-                                         BadLine{ "NumberTooLong", "\"bad\"=dword:123456789" },
-                                         BadLine{ "NumberEmpty", "\"bad\"=dword:" },
-                                         BadLine{ "NumberNoDigits", "\"bad\"=dword:xyz" },
-                                         BadLine{ "UnknownKind", "\"bad\"=float:1" },
-                                         BadLine{ "OddBytes", "\"bad\"=hex(1):zz" },
-                                         BadLine{ "BytesThatGoOnIntoNothing", "\"bad\"=hex:01,\\" },
-                                         BadLine{ "Removal", "\"bad\"=-" }, BadLine{ "Bytes", "\x01\xFF\x80" },
-                                         BadLine{ "OpenBracket", "[HKEY_CURRENT_USER\\C" },
-                                         BadLine{ "EmptyKey", "[]" }, BadLine{ "KeyRemoval", "[-HKEY_CURRENT_USER\\A]" }),
-                         [](const testing::TestParamInfo<BadLine>& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Lines, RegistryStoreBadLineTest,
+    testing::Values(BadLine{ "OpenQuote", "\"bad\"=\"no end" }, BadLine{ "OpenName", "\"bad" },
+                    BadLine{ "NoValue", "\"bad\"" }, BadLine{ "EscapeAtEnd", "\"bad\"=\"\\" },
+                    BadLine{ "TextBehindText", "\"bad\"=\"a\" b" },
+                    BadLine{ "NumberTooLong", "\"bad\"=dword:123456789" }, BadLine{ "NumberEmpty", "\"bad\"=dword:" },
+                    BadLine{ "NumberNoDigits", "\"bad\"=dword:xyz" }, BadLine{ "UnknownKind", "\"bad\"=float:1" },
+                    BadLine{ "OddBytes", "\"bad\"=hex(1):zz" },
+                    BadLine{ "BytesThatGoOnIntoNothing", "\"bad\"=hex:01,\\" }, BadLine{ "Removal", "\"bad\"=-" },
+                    BadLine{ "Bytes", "\x01\xFF\x80" }, BadLine{ "OpenBracket", "[HKEY_CURRENT_USER\\C" },
+                    BadLine{ "EmptyKey", "[]" }, BadLine{ "KeyRemoval", "[-HKEY_CURRENT_USER\\A]" }),
+    [](const testing::TestParamInfo<BadLine>& row) { return row.param.name; });
 
 TEST(RegistryStoreTest, FileCutAtEveryByteIsReadAndWritten)
 {

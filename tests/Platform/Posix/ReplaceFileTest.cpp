@@ -39,12 +39,7 @@ public:
         Rename,
     };
 
-    FaultyOperations(Call call, int number, int error)
-        : m_call(call)
-        , m_number(number)
-        , m_error(error)
-    {
-    }
+    FaultyOperations(Call call, int number, int error) : m_call(call), m_number(number), m_error(error) {}
 
     bool HasFailed() const { return m_number <= 0; }
     const std::vector<Call>& Calls() const { return m_calls; }
@@ -116,8 +111,8 @@ protected:
 
     std::size_t CountEntries() const
     {
-        return static_cast<std::size_t>(std::distance(
-            std::filesystem::directory_iterator(NativePath(m_folder.Path())), std::filesystem::directory_iterator()));
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(NativePath(m_folder.Path())),
+                                                      std::filesystem::directory_iterator()));
     }
 
     ino_t Inode() const
@@ -154,15 +149,13 @@ TEST_P(ReplaceFileFailureTest, LeavesTheOldFileAndNothingBeside)
     EXPECT_EQ(CountEntries(), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, ReplaceFileFailureTest,
-                         testing::Values(Fault{ "FullDiskAtOpening", Call::Open, 1, ENOSPC },
-                                         Fault{ "FirstWrite", Call::Write, 1, ENOSPC },
-                                         Fault{ "ThirdWrite", Call::Write, 3, ENOSPC },
-                                         Fault{ "BrokenDevice", Call::Write, 2, EIO },
-                                         Fault{ "Flush", Call::Sync, 1, EIO },
-                                         Fault{ "Closing", Call::Close, 1, EDQUOT },
-                                         Fault{ "Renaming", Call::Rename, 1, EIO }),
-                         [](const testing::TestParamInfo<Fault>& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Faults, ReplaceFileFailureTest,
+    testing::Values(Fault{ "FullDiskAtOpening", Call::Open, 1, ENOSPC }, Fault{ "FirstWrite", Call::Write, 1, ENOSPC },
+                    Fault{ "ThirdWrite", Call::Write, 3, ENOSPC }, Fault{ "BrokenDevice", Call::Write, 2, EIO },
+                    Fault{ "Flush", Call::Sync, 1, EIO }, Fault{ "Closing", Call::Close, 1, EDQUOT },
+                    Fault{ "Renaming", Call::Rename, 1, EIO }),
+    [](const testing::TestParamInfo<Fault>& row) { return row.param.name; });
 
 TEST_F(ReplaceFileFaultTest, FailureLeavesNoFileWhereNoneWas)
 {
@@ -228,10 +221,7 @@ TEST_F(ReplaceFileFaultTest, FullDiskIsSeenBeforeTheOldContentsAreTouchedInPlace
 {
     struct FullDisk : FaultyOperations
     {
-        FullDisk()
-            : FaultyOperations(Call::Open, 1, EACCES)
-        {
-        }
+        FullDisk() : FaultyOperations(Call::Open, 1, EACCES) {}
         int Reserve(int, off_t) override
         {
             errno = ENOSPC;

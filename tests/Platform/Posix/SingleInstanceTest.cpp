@@ -43,14 +43,16 @@ protected:
     /// Starts a later instance that sends `path` and ends with the result.
     static pid_t StartLater(const std::wstring& path)
     {
-        return StartChild([&path] {
-            InstanceMark mark(Name);
-            if (mark.CreationError() != InstanceMark::AlreadyExists)
+        return StartChild(
+            [&path]
             {
-                return 100;
-            }
-            return static_cast<int>(ForwardToInstance(mark, path));
-        });
+                InstanceMark mark(Name);
+                if (mark.CreationError() != InstanceMark::AlreadyExists)
+                {
+                    return 100;
+                }
+                return static_cast<int>(ForwardToInstance(mark, path));
+            });
     }
 
     /// Runs the loop until the process has ended.
@@ -85,7 +87,8 @@ protected:
     {
         InstanceRequests requests;
         requests.onActivate = [this] { m_events.emplace_back(L"activate"); };
-        requests.onData = [this](const void* data, std::size_t size) {
+        requests.onData = [this](const void* data, std::size_t size)
+        {
             m_events.push_back(TextOf(data, size));
             return m_accepts;
         };
@@ -175,22 +178,26 @@ TEST_F(SingleInstanceTest, InboxOfALaterInstanceStaysEmpty)
 {
     InstanceMark first(Name);
     const InstanceInbox inbox(first, nullptr, Requests());
-    EXPECT_EQ(WaitForChild(StartChild([this] {
-                  InstanceMark later(Name);
-                  const InstanceInbox own(later, nullptr, Requests());
-                  RunLoop();
-                  return later.CreationError() == InstanceMark::AlreadyExists && m_events.empty() ? 0 : 1;
-              })),
+    EXPECT_EQ(WaitForChild(StartChild(
+                  [this]
+                  {
+                      InstanceMark later(Name);
+                      const InstanceInbox own(later, nullptr, Requests());
+                      RunLoop();
+                      return later.CreationError() == InstanceMark::AlreadyExists && m_events.empty() ? 0 : 1;
+                  })),
               0);
     EXPECT_EQ(RunLoopUntilEnd(StartLater(L"")), ForwardResult::Activated);
 }
 
 TEST_F(SingleInstanceTest, SocketOfACrashedInstanceIsReplaced)
 {
-    ASSERT_EQ(WaitForChild(StartChild([]() -> int {
-                  const InstanceMark* crashed = new InstanceMark(Name);
-                  ::_exit(crashed->CreationError());
-              })),
+    ASSERT_EQ(WaitForChild(StartChild(
+                  []() -> int
+                  {
+                      const InstanceMark* crashed = new InstanceMark(Name);
+                      ::_exit(crashed->CreationError());
+                  })),
               0);
     ASSERT_FALSE(std::filesystem::is_empty(NativePath(m_folder.Path())));
     InstanceMark first(Name);
@@ -209,10 +216,12 @@ TEST_F(SingleInstanceTest, InstanceWithoutASocketIsNoInstanceToSendTo)
 TEST_F(SingleInstanceTest, ForkedProcessLeavesTheFilesOfItsParent)
 {
     InstanceMark first(Name);
-    EXPECT_EQ(WaitForChild(StartChild([&first] {
-                  first.~InstanceMark();
-                  return 0;
-              })),
+    EXPECT_EQ(WaitForChild(StartChild(
+                  [&first]
+                  {
+                      first.~InstanceMark();
+                      return 0;
+                  })),
               0);
     const InstanceInbox inbox(first, nullptr, Requests());
     EXPECT_EQ(RunLoopUntilEnd(StartLater(L"/a.vrf")), ForwardResult::Accepted);
@@ -309,7 +318,8 @@ TEST_F(SingleInstanceTest, RecordOfAnOddSizeIsHandedOnAsItIs)
     InstanceMark first(Name);
     std::size_t received = 0;
     InstanceRequests requests;
-    requests.onData = [&received](const void*, std::size_t size) {
+    requests.onData = [&received](const void*, std::size_t size)
+    {
         received = size;
         return true;
     };
@@ -342,7 +352,8 @@ TEST_F(SingleInstanceTest, LoopMayRunInTheMiddleOfARequest)
     pid_t second = -1;
     std::optional<ForwardResult> secondResult;
     InstanceRequests requests;
-    requests.onData = [&](const void*, std::size_t) {
+    requests.onData = [&](const void*, std::size_t)
+    {
         deepest = std::max(deepest, ++depth);
         if (depth == 1)
         {

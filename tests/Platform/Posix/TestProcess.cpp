@@ -6,8 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-ScopedVariable::ScopedVariable(const char* name, const std::optional<std::wstring>& value)
-    : m_name(name)
+ScopedVariable::ScopedVariable(const char* name, const std::optional<std::wstring>& value) : m_name(name)
 {
     if (const char* before = std::getenv(name))
     {
@@ -57,9 +56,12 @@ bool RunWithoutPrivileges(const std::function<bool()>& body)
     {
         return body();
     }
-    return WaitForChild(StartChild([&body] {
-               constexpr uid_t Nobody = 65534;
-               const bool given = ::setresgid(Nobody, Nobody, Nobody) == 0 && ::setresuid(Nobody, Nobody, Nobody) == 0;
-               return given && body() ? 0 : 1;
-           })) == 0;
+    return WaitForChild(StartChild(
+               [&body]
+               {
+                   constexpr uid_t Nobody = 65534;
+                   const bool given =
+                       ::setresgid(Nobody, Nobody, Nobody) == 0 && ::setresuid(Nobody, Nobody, Nobody) == 0;
+                   return given && body() ? 0 : 1;
+               })) == 0;
 }
