@@ -6,6 +6,7 @@
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"
 #include "Platform/Automation.h"
+#include "Platform/Environment.h"
 #include "Platform/Files.h"
 #include "Platform/Process.h"
 #include "Platform/Text.h"
@@ -70,6 +71,7 @@ CQOXRMConfigModuleApp::~CQOXRMConfigModuleApp() = default;
 bool CQOXRMConfigModuleApp::OnInit()
 {
     Platform::UseUserLocale();
+    Platform::TakeOverStoredEnvironment();
     m_started = InitInstance();
     // Also a start that stops here ends through OnExit, with a status of 0: a file handed
     // to the first instance or a package imported is no failure.
@@ -99,7 +101,6 @@ bool CQOXRMConfigModuleApp::InitInstance()
     SetAppName(title);
     SetAppDisplayName(title);
     nDocOpenState = 0;
-    m_commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
     if (IsAnotherInstanceRunning())
     {
         ForwardToRunningInstance();
@@ -130,6 +131,7 @@ bool CQOXRMConfigModuleApp::InitInstance()
         return false;
     }
     Registration::RegisterFileTypes();
+    m_commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
     if (m_commandLine.IsServerStart())
     {
         return true;
@@ -145,8 +147,9 @@ bool CQOXRMConfigModuleApp::IsAnotherInstanceRunning() const
 
 void CQOXRMConfigModuleApp::ForwardToRunningInstance()
 {
+    const CommandLine commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
     // The first instance has another current folder.
-    Platform::ForwardToInstance(g_singleInstance, Platform::AbsolutePath(m_commandLine.fileName));
+    Platform::ForwardToInstance(g_singleInstance, Platform::AbsolutePath(commandLine.fileName));
 }
 
 void CQOXRMConfigModuleApp::LoadAllModules()

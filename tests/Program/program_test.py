@@ -209,6 +209,25 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(read_bytes(path), before)
         self.close(process)
 
+    def test_the_rows_that_are_selected_are_ticked_together(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("Home", "shift+Down", "shift+Down", "space", "ctrl+s")
+        self.wait_until(lambda: len(self.rule_names(path)) == 14, "three more rules in the file")
+        self.press("ctrl+a", "space", "ctrl+s")  # the focused row is ticked: all are cleared
+        self.wait_until(lambda: self.rule_names(path) == [], "no rule in the file")
+        self.press("space", "ctrl+s")
+        self.wait_until(lambda: len(self.rule_names(path)) == 36, "all rules in the file")
+        self.close(process)
+
+    def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.close(process)
+        settings = read_bytes(os.path.join(self.folder, "home/config/vantrel-rule-manager")).decode()
+        self.assertIn("file1=unnamed1\n", settings)
+
     def test_rules_of_a_file_that_is_not_changed_are_not_asked_about_at_the_end(self):
         process = self.start(self.copy_sample("sheet-metal-enclosure.vrf"))
         self.focus("^sheet-metal-enclosure.vrf - ")
