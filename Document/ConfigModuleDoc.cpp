@@ -77,7 +77,7 @@ bool CQOXRMConfigModuleDoc::OnCloseDocument()
 {
     if (IRuleView* const view = FirstRuleView())
     {
-        m_rules.ReleaseRules(view->RulesOfRows());
+        m_rules.ReleaseRules(view->RulesToGiveBack());
         view->ClearRows();
     }
     const bool closed = wxDocument::OnCloseDocument();

@@ -165,9 +165,9 @@ void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*
     }
 }
 
-std::vector<CQoxRule*> CQOXRMConfigModuleView::RulesOfRows() const
+std::vector<CQoxRule*> CQOXRMConfigModuleView::RulesToGiveBack() const
 {
-    return m_explorer->RulesOfRows();
+    return m_explorer->RulesToGiveBack();
 }
 
 void CQOXRMConfigModuleView::ClearRows()

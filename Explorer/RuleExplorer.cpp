@@ -135,9 +135,10 @@ void RuleExplorer::FillRows()
     m_lastTickedRow = -1;
     for (CQoxRule* const rule : m_ruleArray)
     {
-        if (rule != nullptr && !IsHiddenRule(*rule))
+        const bool hasRow = rule == nullptr || (!IsHiddenRule(*rule) && AddRow(rule));
+        if (!hasRow && !rule->IsUserDefined())
         {
-            AddRow(rule);
+            m_rulesWithoutRow.push_back(rule);
         }
     }
     if (m_lastTickedRow >= 0)
@@ -262,5 +263,12 @@ std::vector<CQoxRule*> RuleExplorer::RulesOfRows() const
             rules.push_back(rule);
         }
     }
+    return rules;
+}
+
+std::vector<CQoxRule*> RuleExplorer::RulesToGiveBack() const
+{
+    std::vector<CQoxRule*> rules = RulesOfRows();
+    rules.insert(rules.end(), m_rulesWithoutRow.begin(), m_rulesWithoutRow.end());
     return rules;
 }

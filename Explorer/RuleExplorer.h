@@ -45,8 +45,12 @@ public:
     /// Converts the rules that are new to the document to its units.
     void ApplyUnitsToNewRules();
 
-    /// The rules of all rows, for giving them back when the view closes.
+    /// The rules of all rows.
     std::vector<CQoxRule*> RulesOfRows() const;
+
+    /// The rules of all rows and those of modules that got none, for giving them back when
+    /// the view closes.
+    std::vector<CQoxRule*> RulesToGiveBack() const;
 
 private:
     void MergeDocumentRules();
@@ -61,6 +65,7 @@ private:
     VSTAQuery m_areVSTARulesSupported;
     PointerArray m_ruleArray; // rules that a refill must still turn into rows
     std::list<std::wstring> m_askedModules;
+    std::vector<CQoxRule*> m_rulesWithoutRow; // of modules; user-defined ones are the document's
     bool m_documentRulesMerged = false;
     int m_lastTickedRow = -1;
 };

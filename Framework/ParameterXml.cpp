@@ -60,17 +60,7 @@ void ParameterXml::Read(CQoxParamStorage& parameter, pugi::xml_node element)
 {
     parameter.eKind = *KindOf(element.attribute("Kind").value());
     const bool numeric = parameter.IsNumeric();
-    pugi::xml_document unknownDocument;
-    pugi::xml_node unknown;
-    const auto keep = [&unknownDocument, &unknown]
-    {
-        if (!unknown)
-        {
-            unknown = unknownDocument.append_child("unknown");
-        }
-        return unknown;
-    };
-
+    VantrelXml::UnknownParts unknown;
     for (const pugi::xml_attribute attribute : element.attributes())
     {
         const std::string_view name = attribute.name();
@@ -113,7 +103,7 @@ void ParameterXml::Read(CQoxParamStorage& parameter, pugi::xml_node element)
         }
         else if (name != "Number" && name != "Kind")
         {
-            keep().append_copy(attribute);
+            unknown.Keep(attribute);
         }
     }
 
@@ -126,10 +116,10 @@ void ParameterXml::Read(CQoxParamStorage& parameter, pugi::xml_node element)
         }
         else
         {
-            keep().append_copy(child);
+            unknown.Keep(child);
         }
     }
-    parameter.strUnknownMarkup = unknown ? VantrelXml::MarkupOf(unknown) : std::string();
+    parameter.strUnknownMarkup = unknown.Markup();
 }
 
 void ParameterXml::Write(const CQoxParamStorage& parameter, pugi::xml_node element)

@@ -2,6 +2,7 @@
 
 #include "Framework/CurrentDocument.h"
 #include "Framework/XmlState.h"
+#include "Framework/XmlText.h"
 #include "Platform/Files.h"
 #include "Platform/Text.h"
 
@@ -288,7 +289,7 @@ bool QoxXMLNode::GetAttributeValue(const std::wstring& name, std::wstring& value
     {
         return false;
     }
-    value = Platform::Utf8ToWide(attribute.value());
+    VantrelXml::AssignWide(value, attribute.value());
     return true;
 }
 

@@ -92,18 +92,13 @@ std::wstring_view PathForFile(const CQoxRule& rule)
 
 void RuleXml::Read(CQoxRule& rule, pugi::xml_node element)
 {
-    pugi::xml_document unknownDocument;
-    pugi::xml_node unknown = unknownDocument.append_child("unknown");
+    VantrelXml::UnknownParts unknown;
     ReadAttributes(rule, element, unknown);
     ReadChildren(rule, element, unknown);
-    rule.m_unknownMarkup.clear();
-    if (unknown.first_attribute() || unknown.first_child())
-    {
-        rule.m_unknownMarkup = VantrelXml::MarkupOf(unknown);
-    }
+    rule.m_unknownMarkup = unknown.Markup();
 }
 
-void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown)
+void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)
 {
     for (const pugi::xml_attribute attribute : element.attributes())
     {
@@ -147,12 +142,12 @@ void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, pugi::xml_n
         }
         else
         {
-            unknown.append_copy(attribute);
+            unknown.Keep(attribute);
         }
     }
 }
 
-void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown)
+void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)
 {
     ParameterFinder finder(rule.m_parameters);
     bool categoriesSeen = false;
@@ -179,7 +174,7 @@ void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, pugi::xml_nod
             VantrelXml::ReadListElement(rule.m_references, child, referencesSeen);
             continue;
         }
-        unknown.append_copy(child);
+        unknown.Keep(child);
     }
 }
 

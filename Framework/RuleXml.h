@@ -4,8 +4,12 @@
 
 #include <string>
 
-class CQoxParamStorage;
 class CQoxRule;
+
+namespace VantrelXml
+{
+class UnknownParts;
+}
 
 /// The `Rule` element of rule files, held against `CQoxRule`.
 class RuleXml
@@ -18,6 +22,6 @@ public:
     static void Write(const CQoxRule& rule, pugi::xml_node element);
 
 private:
-    static void ReadAttributes(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown);
-    static void ReadChildren(CQoxRule& rule, pugi::xml_node element, pugi::xml_node unknown);
+    static void ReadAttributes(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown);
+    static void ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown);
 };

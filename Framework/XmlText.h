@@ -2,6 +2,7 @@
 
 #include <pugixml.hpp>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,24 @@ void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_vie
 
 /// Reads one entry of a list. The first one takes the place of what the list held.
 void ReadListElement(std::vector<std::wstring>& list, pugi::xml_node element, bool& seen);
+
+/// Collects what an element holds beyond what is known of it. Costs nothing as long as
+/// there is nothing of the kind, as in nearly every element.
+class UnknownParts
+{
+public:
+    void Keep(const pugi::xml_attribute& attribute) { Element().append_copy(attribute); }
+    void Keep(const pugi::xml_node& child) { Element().append_copy(child); }
+
+    /// The parts as the markup of one element, for `AppendUnknown`. Empty if there are none.
+    std::string Markup() const;
+
+private:
+    pugi::xml_node Element();
+
+    std::optional<pugi::xml_document> m_document;
+    pugi::xml_node m_element;
+};
 
 /// Appends the attributes and children of markup that was kept unread.
 void AppendUnknown(pugi::xml_node element, const std::string& markup);

@@ -83,7 +83,7 @@ locale_t CaseLocale()
 wchar_t LowerCharacter(wchar_t character)
 {
     const locale_t locale = CaseLocale();
-    const auto code = static_cast<std::wint_t>(character);
+    const auto code = static_cast<std::wint_t>(static_cast<char32_t>(character));
     return static_cast<wchar_t>(locale != nullptr ? towlower_l(code, locale) : std::towlower(code));
 }
 

@@ -100,7 +100,7 @@ public:
 class RuleExplorerTest : public testing::Test
 {
 protected:
-    ~RuleExplorerTest() override { document.ReleaseRules(explorer.RulesOfRows()); }
+    ~RuleExplorerTest() override { document.ReleaseRules(explorer.RulesToGiveBack()); }
 
     void LoadModules()
     {

@@ -101,7 +101,7 @@ TEST_F(ModuleSetTest, WhatCanNotBeLoadedIsSkipped)
         Platform::ToLower(m_folder.Path()),
         Platform::ToLower(FakeLibrary(L"text", "module1=x\n")),
         Platform::ToLower(FakeLibrary(L"empty", "")),
-        Platform::ToLower(FakeLibrary(L"half", module.substr(0, module.size() / 2))),
+        Platform::ToLower(FakeLibrary(L"page", module.substr(0, 4096))),
         Platform::ToLower(FakeLibrary(L"head", module.substr(0, 64))),
         L"",
         L"no such library by name.dll",

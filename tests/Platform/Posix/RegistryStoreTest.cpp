@@ -145,6 +145,15 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{ "EmptyKey", "[]" }, BadLine{ "KeyRemoval", "[-HKEY_CURRENT_USER\\A]" }),
     [](const testing::TestParamInfo<BadLine>& row) { return row.param.name; });
 
+TEST(RegistryStoreTest, ValueThatBreaksOffSwallowsNothing)
+{
+    const RegistryStore store(
+        "[HKEY_CURRENT_USER\\A]\n\"a\"=hex:01,\\\n\"b\"=\"1\"\n\"c\"=hex:01,\\\n[HKEY_CURRENT_USER\\B]\n"
+        "\"d\"=\"2\"\n");
+    EXPECT_EQ(store.Text(L"HKEY_CURRENT_USER\\A", L"b"), L"1");
+    EXPECT_EQ(store.Text(L"HKEY_CURRENT_USER\\B", L"d"), L"2");
+}
+
 TEST(RegistryStoreTest, FileCutAtEveryByteIsReadAndWritten)
 {
     const std::string whole = Sample;

@@ -395,6 +395,7 @@ TEST_F(SingleInstanceTest, FolderTooDeepForASocketIsNotUsed)
     InstanceMark first(Name);
     EXPECT_TRUE(first.GetState()->paths.socket.starts_with("/tmp/vantrel-")) << first.GetState()->paths.socket;
     EXPECT_TRUE(first.GetState()->listener);
+    EXPECT_EQ(::unlink(first.GetState()->paths.lock.c_str()), 0);
 }
 
 TEST_F(SingleInstanceTest, NameOfTheSocketIsTheSameOnEveryStart)

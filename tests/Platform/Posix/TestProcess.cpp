@@ -59,9 +59,9 @@ bool RunWithoutPrivileges(const std::function<bool()>& body)
     return WaitForChild(StartChild(
                [&body]
                {
-                   constexpr uid_t Nobody = 65534;
                    const bool given =
-                       ::setresgid(Nobody, Nobody, Nobody) == 0 && ::setresuid(Nobody, Nobody, Nobody) == 0;
+                       ::setresgid(UserWithoutPrivileges, UserWithoutPrivileges, UserWithoutPrivileges) == 0 &&
+                       ::setresuid(UserWithoutPrivileges, UserWithoutPrivileges, UserWithoutPrivileges) == 0;
                    return given && body() ? 0 : 1;
                })) == 0;
 }

@@ -25,6 +25,9 @@ pid_t StartChild(const std::function<int()>& body);
 /// Waits for a process to end. Its exit status, or -1 if it was killed.
 int WaitForChild(pid_t child);
 
+/// The user as which `RunWithoutPrivileges` runs what the administrator starts.
+constexpr uid_t UserWithoutPrivileges = 65534;
+
 /// Runs `body` without the rights of the administrator. If the test has them, in another
 /// process that has given them up. The result of `body`.
 bool RunWithoutPrivileges(const std::function<bool()>& body);
