@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace
@@ -12,6 +13,48 @@ namespace
 
 constexpr int FileDigits = 15;
 constexpr int ShownDigits = 12;
+
+/// Powers of ten that a double holds exactly.
+constexpr std::array PowersOfTen = { 1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15 };
+
+/// Reads the plain decimals that files are full of, such as `-0.15`: at most 15 digits, with
+/// one on each side of a point. Nothing for any other text. The digits and the power of ten
+/// are exact, so the one division rounds as a full parser does.
+std::optional<double> ParsePlainDecimal(std::string_view text)
+{
+    const bool negative = !text.empty() && text.front() == '-';
+    const std::string_view digits = text.substr(negative ? 1 : 0);
+    std::int64_t number = 0;
+    std::size_t point = digits.size();
+    for (std::size_t position = 0; position < digits.size(); ++position)
+    {
+        const char c = digits[position];
+        if (c == '.' && point == digits.size() && position != 0 && position + 1 != digits.size())
+        {
+            point = position;
+        }
+        else if (c >= '0' && c <= '9')
+        {
+            number = number * 10 + (c - '0');
+        }
+        else
+        {
+            return std::nullopt;
+        }
+        if (position > FileDigits)
+        {
+            return std::nullopt;
+        }
+    }
+    const std::size_t decimals = point == digits.size() ? 0 : digits.size() - point - 1;
+    if (digits.empty() || digits.size() - (decimals != 0 ? 1 : 0) > FileDigits)
+    {
+        return std::nullopt;
+    }
+    const double value = static_cast<double>(number) / PowersOfTen[decimals];
+    return negative ? -value : value;
+}
 
 } // namespace
 
@@ -45,6 +88,10 @@ void AppendNumberText(std::string& text, double value)
 
 std::optional<double> ParseNumberText(std::string_view text)
 {
+    if (const std::optional<double> plain = ParsePlainDecimal(text))
+    {
+        return plain;
+    }
     double value = 0;
     const char* const end = text.data() + text.size();
     const auto [parsedEnd, error] = std::from_chars(text.data(), end, value);

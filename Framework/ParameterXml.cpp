@@ -17,6 +17,22 @@ using VantrelXml::AssignWide;
 constexpr std::array AllKinds = { ParamKind::Length, ParamKind::Angle,  ParamKind::Number, ParamKind::Integer,
                                   ParamKind::YesNo,  ParamKind::Choice, ParamKind::Text };
 
+/// The attributes of a `Parameter` element in the order of writing, and their names.
+enum class Attribute : std::size_t
+{
+    Number,
+    Name,
+    Label,
+    Kind,
+    Value,
+    Minimum,
+    Maximum,
+    Default,
+    Help,
+};
+constexpr std::array AttributeNames = { "Number",  "Name",    "Label",   "Kind", "Value",
+                                        "Minimum", "Maximum", "Default", "Help" };
+
 std::optional<ParamKind> KindOf(std::string_view name)
 {
     for (const ParamKind kind : AllKinds)
@@ -34,6 +50,31 @@ void ReadNumber(double& number, const char* text)
     number = ParseNumberText(text).value_or(number);
 }
 
+void ReadAttribute(CQoxParamStorage& parameter, Attribute attribute, const char* value)
+{
+    const bool numeric = parameter.IsNumeric();
+    switch (attribute)
+    {
+    case Attribute::Number:
+    case Attribute::Kind:
+        return; // the parameter was found by them
+    case Attribute::Name:
+        return AssignWide(parameter.strName, value);
+    case Attribute::Label:
+        return AssignWide(parameter.strLabel, value);
+    case Attribute::Value:
+        return numeric ? ReadNumber(parameter.dValue, value) : AssignWide(parameter.strValue, value);
+    case Attribute::Minimum:
+        return ReadNumber(parameter.dMinimum, value);
+    case Attribute::Maximum:
+        return ReadNumber(parameter.dMaximum, value);
+    case Attribute::Default:
+        return numeric ? ReadNumber(parameter.dDefault, value) : AssignWide(parameter.strDefault, value);
+    case Attribute::Help:
+        return AssignWide(parameter.strHelp, value);
+    }
+}
+
 void AppendNumber(pugi::xml_node element, const char* name, double number)
 {
     if (!std::isfinite(number))
@@ -47,68 +88,36 @@ void AppendNumber(pugi::xml_node element, const char* name, double number)
 
 } // namespace
 
-std::optional<std::int32_t> ParameterXml::NumberOf(pugi::xml_node element)
+std::optional<ParameterXml::Identity> ParameterXml::IdentityOf(pugi::xml_node element)
 {
-    if (!KindOf(element.attribute("Kind").value()))
+    const std::optional<ParamKind> kind = KindOf(element.attribute("Kind").value());
+    const std::optional<std::int32_t> number = ParseInteger(element.attribute("Number").value());
+    if (!kind || !number)
     {
         return std::nullopt;
     }
-    return ParseInteger(element.attribute("Number").value());
+    return Identity{ *number, *kind };
 }
 
-void ParameterXml::Read(CQoxParamStorage& parameter, pugi::xml_node element)
+void ParameterXml::Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_node element)
 {
-    parameter.eKind = *KindOf(element.attribute("Kind").value());
-    const bool numeric = parameter.IsNumeric();
+    parameter.eKind = kind;
     VantrelXml::UnknownParts unknown;
-    for (const pugi::xml_attribute attribute : element.attributes())
+    VantrelXml::NameFinder finder(AttributeNames);
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute())
     {
-        const std::string_view name = attribute.name();
-        const char* const value = attribute.value();
-        if (name == "Name")
+        if (const std::optional<std::size_t> place = finder.Find(attribute.name()))
         {
-            AssignWide(parameter.strName, value);
+            ReadAttribute(parameter, static_cast<Attribute>(*place), attribute.value());
         }
-        else if (name == "Label")
-        {
-            AssignWide(parameter.strLabel, value);
-        }
-        else if (name == "Value" && numeric)
-        {
-            ReadNumber(parameter.dValue, value);
-        }
-        else if (name == "Value")
-        {
-            AssignWide(parameter.strValue, value);
-        }
-        else if (name == "Minimum")
-        {
-            ReadNumber(parameter.dMinimum, value);
-        }
-        else if (name == "Maximum")
-        {
-            ReadNumber(parameter.dMaximum, value);
-        }
-        else if (name == "Default" && numeric)
-        {
-            ReadNumber(parameter.dDefault, value);
-        }
-        else if (name == "Default")
-        {
-            AssignWide(parameter.strDefault, value);
-        }
-        else if (name == "Help")
-        {
-            AssignWide(parameter.strHelp, value);
-        }
-        else if (name != "Number" && name != "Kind")
+        else
         {
             unknown.Keep(attribute);
         }
     }
 
     bool choicesSeen = false;
-    for (const pugi::xml_node child : element.children())
+    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
     {
         if (std::string_view(child.name()) == "Choice")
         {

@@ -26,6 +26,26 @@ public:
     std::string text;
 };
 
+/// True for a wide text that is the same as the bytes, all of them ASCII.
+bool IsSameAscii(const std::wstring& text, const char* bytes)
+{
+    std::size_t position = 0;
+    while (position < text.size() && bytes[position] != '\0' && text[position] < 0x80 &&
+           static_cast<wchar_t>(static_cast<unsigned char>(bytes[position])) == text[position])
+    {
+        ++position;
+    }
+    return position == text.size() && bytes[position] == '\0';
+}
+
+/// The attribute with the name. Readers ask every element for its first one by a name of
+/// plain letters, so that is looked at without converting the name.
+pugi::xml_attribute FindAttribute(pugi::xml_node node, const std::wstring& name)
+{
+    const pugi::xml_attribute first = node.first_attribute();
+    return IsSameAscii(name, first.name()) ? first : node.attribute(Platform::WideToUtf8(name).c_str());
+}
+
 bool IsForbiddenInXml(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
@@ -284,7 +304,7 @@ bool QoxXMLNode::AddAttribute1(const char* name, const char* value)
 
 bool QoxXMLNode::GetAttributeValue(const std::wstring& name, std::wstring& value) const
 {
-    const pugi::xml_attribute attribute = NodeAccess::NodeOf(*this).attribute(Platform::WideToUtf8(name).c_str());
+    const pugi::xml_attribute attribute = VantrelXml::FindAttribute(NodeAccess::NodeOf(*this), name);
     if (!attribute)
     {
         return false;

@@ -9,6 +9,8 @@
 #include <Vantrel/QoxRule.h>
 
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -18,6 +20,24 @@ namespace
 using VantrelXml::AppendAttribute;
 using VantrelXml::AppendListElement;
 using VantrelXml::AssignWide;
+
+/// The attributes of a `Rule` element in the order of writing. RuleModule comes first:
+/// readers ask for it before anything else.
+constexpr std::array AttributeNames = { "RuleModule", "RuleName", "DisplayName", "Category", "Criticality",
+                                        "ModulePath", "HelpFile", "Summary",     "Summary2" };
+
+/// Their texts in a rule; null for Criticality, which is a number.
+constexpr std::array<std::wstring CQoxRule::*, AttributeNames.size()> AttributeTexts = {
+    &CQoxRule::m_strRuleModule,
+    &CQoxRule::m_strRuleName,
+    &CQoxRule::m_strDisplayName,
+    &CQoxRule::m_strCategory,
+    nullptr,
+    &CQoxRule::m_strModulePath,
+    &CQoxRule::m_strHelpFile,
+    &CQoxRule::m_strSummary,
+    &CQoxRule::m_strSummary2,
+};
 
 /// Past this many parameters they are looked up by a table, so that a file with an absurd
 /// number of them costs no more than its size.
@@ -100,49 +120,21 @@ void RuleXml::Read(CQoxRule& rule, pugi::xml_node element)
 
 void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)
 {
-    for (const pugi::xml_attribute attribute : element.attributes())
+    VantrelXml::NameFinder finder(AttributeNames);
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute())
     {
-        const std::string_view name = attribute.name();
-        const char* const value = attribute.value();
-        if (name == "RuleModule")
+        const std::optional<std::size_t> place = finder.Find(attribute.name());
+        if (!place)
         {
-            AssignWide(rule.m_strRuleModule, value);
+            unknown.Keep(attribute);
         }
-        else if (name == "RuleName")
+        else if (AttributeTexts[*place] == nullptr)
         {
-            AssignWide(rule.m_strRuleName, value);
-        }
-        else if (name == "DisplayName")
-        {
-            AssignWide(rule.m_strDisplayName, value);
-        }
-        else if (name == "Category")
-        {
-            AssignWide(rule.m_strCategory, value);
-        }
-        else if (name == "Criticality")
-        {
-            rule.m_nCriticality = ParseInteger(value).value_or(rule.m_nCriticality);
-        }
-        else if (name == "ModulePath")
-        {
-            AssignWide(rule.m_strModulePath, value);
-        }
-        else if (name == "HelpFile")
-        {
-            AssignWide(rule.m_strHelpFile, value);
-        }
-        else if (name == "Summary")
-        {
-            AssignWide(rule.m_strSummary, value);
-        }
-        else if (name == "Summary2")
-        {
-            AssignWide(rule.m_strSummary2, value);
+            rule.m_nCriticality = ParseInteger(attribute.value()).value_or(rule.m_nCriticality);
         }
         else
         {
-            unknown.Keep(attribute);
+            AssignWide(rule.*AttributeTexts[*place], attribute.value());
         }
     }
 }
@@ -152,15 +144,14 @@ void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::U
     ParameterFinder finder(rule.m_parameters);
     bool categoriesSeen = false;
     bool referencesSeen = false;
-    for (const pugi::xml_node child : element.children())
+    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
     {
         const std::string_view name = child.name();
         if (name == "Parameter")
         {
-            const std::optional<std::int32_t> number = ParameterXml::NumberOf(child);
-            if (number)
+            if (const auto identity = ParameterXml::IdentityOf(child))
             {
-                ParameterXml::Read(finder.FindOrAdd(*number), child);
+                ParameterXml::Read(finder.FindOrAdd(identity->number), identity->kind, child);
                 continue;
             }
         }
@@ -180,16 +171,19 @@ void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::U
 
 void RuleXml::Write(const CQoxRule& rule, pugi::xml_node element)
 {
-    // RuleModule comes first: readers ask for it before anything else.
-    AppendAttribute(element, "RuleModule", rule.m_strRuleModule);
-    AppendAttribute(element, "RuleName", rule.m_strRuleName);
-    AppendAttribute(element, "DisplayName", rule.m_strDisplayName);
-    AppendAttribute(element, "Category", rule.m_strCategory);
-    element.append_attribute("Criticality").set_value(rule.m_nCriticality);
-    AppendAttribute(element, "ModulePath", PathForFile(rule));
-    AppendAttribute(element, "HelpFile", rule.m_strHelpFile);
-    AppendAttribute(element, "Summary", rule.m_strSummary);
-    AppendAttribute(element, "Summary2", rule.m_strSummary2);
+    for (std::size_t place = 0; place < AttributeNames.size(); ++place)
+    {
+        const char* const name = AttributeNames[place];
+        const auto text = AttributeTexts[place];
+        if (text == nullptr)
+        {
+            element.append_attribute(name).set_value(rule.m_nCriticality);
+        }
+        else
+        {
+            AppendAttribute(element, name, text == &CQoxRule::m_strModulePath ? PathForFile(rule) : rule.*text);
+        }
+    }
     for (const std::wstring& category : rule.m_categoryList)
     {
         AppendListElement(element, "Category", category);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace VantrelXml
@@ -16,29 +17,43 @@ namespace
 /// Texts up to this length are converted without taking memory.
 constexpr std::size_t QuickLength = 512;
 
-/// What a list is prepared for before its length is known.
-constexpr std::size_t UsualListLength = 8;
+/// Elements of the same name in a row, from this one on.
+std::size_t CountAlike(pugi::xml_node element)
+{
+    std::size_t count = 0;
+    for (const char* const name = element.name(); element && std::strcmp(element.name(), name) == 0;
+         element = element.next_sibling())
+    {
+        ++count;
+    }
+    return count;
+}
 
 bool IsPlain(wchar_t c)
 {
     return c >= 0x20 && c < 0x7f;
 }
 
-/// Bytes that are widened in one go; a fixed number, so that the compiler uses wide registers.
+/// Bytes that are widened in one go: a fixed number of them, copied aside, so that the
+/// compiler knows that they don't overlap and uses wide registers.
 constexpr std::size_t Stride = 16;
+constexpr std::uint64_t NotAscii = 0x8080808080808080;
 
 /// Widens bytes one by one. False if one of them isn't ASCII; what was written is then of no use.
 bool WidenAscii(const char* bytes, std::size_t length, wchar_t* text)
 {
-    unsigned char all = 0;
+    std::uint64_t all = 0;
     std::size_t position = 0;
     for (; position + Stride <= length; position += Stride)
     {
+        std::array<unsigned char, Stride> chunk;
+        std::memcpy(chunk.data(), bytes + position, Stride);
+        std::array<std::uint64_t, 2> words;
+        std::memcpy(words.data(), bytes + position, Stride);
+        all |= words[0] | words[1];
         for (std::size_t offset = 0; offset < Stride; ++offset)
         {
-            const auto byte = static_cast<unsigned char>(bytes[position + offset]);
-            all |= byte;
-            text[position + offset] = static_cast<wchar_t>(byte);
+            text[position + offset] = static_cast<wchar_t>(chunk[offset]);
         }
     }
     for (; position < length; ++position)
@@ -47,10 +62,24 @@ bool WidenAscii(const char* bytes, std::size_t length, wchar_t* text)
         all |= byte;
         text[position] = static_cast<wchar_t>(byte);
     }
-    return all < 0x80;
+    return (all & NotAscii) == 0;
 }
 
 } // namespace
+
+std::optional<std::size_t> NameFinder::Find(const char* name)
+{
+    for (std::size_t tried = 0; tried < m_names.size(); ++tried)
+    {
+        const std::size_t place = m_next < m_names.size() ? m_next : 0;
+        m_next = place + 1;
+        if (std::strcmp(m_names[place], name) == 0)
+        {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
 
 void AssignWide(std::wstring& text, const char* utf8)
 {
@@ -88,7 +117,7 @@ void ReadListElement(std::vector<std::wstring>& list, pugi::xml_node element, bo
     if (!seen)
     {
         list.clear();
-        list.reserve(UsualListLength);
+        list.reserve(CountAlike(element));
         seen = true;
     }
     AssignWide(list.emplace_back(), element.attribute("Value").value());

@@ -2,13 +2,30 @@
 
 #include <pugixml.hpp>
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace VantrelXml
 {
+
+/// Finds names in a table of them. Files list attributes in the table's order, so the next
+/// one is nearly always the right one.
+class NameFinder
+{
+public:
+    explicit NameFinder(std::span<const char* const> names) : m_names(names) {}
+
+    /// The place of the name in the table; nothing if it isn't there.
+    std::optional<std::size_t> Find(const char* name);
+
+private:
+    std::span<const char* const> m_names;
+    std::size_t m_next = 0;
+};
 
 /// Takes over UTF-8 as wide text; quick for the ASCII that rule files are full of.
 void AssignWide(std::wstring& text, const char* utf8);

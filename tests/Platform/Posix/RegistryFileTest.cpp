@@ -89,6 +89,7 @@ TEST_F(RegistryFileTest, WritersInSeveralProcessesLoseNothing)
     constexpr int Writers = 4;
     constexpr int ValuesEach = 8;
     std::vector<pid_t> children;
+    children.reserve(Writers);
     for (int writer = 0; writer < Writers; ++writer)
     {
         children.push_back(StartChild(

@@ -1,0 +1,188 @@
+// Reads any bytes as a rule file, writes what was read, reads that and writes it again: the
+// second reading must give the same rules, and the second writing the same bytes.
+
+#include "Document/Lumeq.h"
+#include "Modules/ApplicationGlobals.h"
+#include "Modules/ModuleSet.h"
+#include "Utilities/UserPrompt.h"
+
+#include <Vantrel/QoxRule.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace
+{
+
+void Require(bool holds)
+{
+    if (!holds)
+    {
+        std::abort();
+    }
+}
+
+/// An application without modules, so that the user-defined rules are what is read.
+class FuzzApplication : public IRuleApplication, private IUserPrompt
+{
+public:
+    ModuleSet& Modules() override { return m_modules; }
+    IUserPrompt& Prompt() override { return *this; }
+    void SetDocOpenState(int /*state*/) override {}
+    bool HasActiveDocument() const override { return false; }
+
+private:
+    void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override {}
+    bool AskYesNo(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override
+    {
+        return false;
+    }
+
+    ModuleSet m_modules;
+};
+
+/// The one file that all inputs are written to. In memory where the system has a folder for
+/// that; gone when the process ends.
+class FuzzFile
+{
+public:
+    FuzzFile()
+    {
+        const std::filesystem::path memory = "/dev/shm";
+        const std::filesystem::path parent =
+            std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+        m_path = parent / ("vantrel-fuzz-" + std::to_string(std::random_device()()) + ".vrf");
+    }
+
+    ~FuzzFile()
+    {
+        std::error_code error;
+        std::filesystem::remove(m_path, error);
+    }
+
+    FuzzFile(const FuzzFile&) = delete;
+    FuzzFile& operator=(const FuzzFile&) = delete;
+
+    std::string Path() const { return m_path.string(); }
+
+    void Write(std::string_view bytes) const
+    {
+        std::ofstream(m_path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    }
+
+    std::string Read() const
+    {
+        std::ifstream file(m_path, std::ios::binary);
+        return { std::istreambuf_iterator<char>(file), {} };
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// A record with the rules that were read into it.
+class LoadedFile
+{
+public:
+    explicit LoadedFile(const FuzzFile& file) : m_loaded(m_record.LoadRuleFile(file.Path()))
+    {
+        PointerArray rules;
+        m_record.GetRules(rules);
+        for (CQoxRule* const rule : rules)
+        {
+            m_rules.emplace_back(rule);
+        }
+        Require(static_cast<std::size_t>(m_record.GetCount()) == m_rules.size());
+        Require(m_loaded || m_rules.empty());
+        Require(m_loaded == (g_pXmlDoc == nullptr));
+    }
+
+    bool IsLoaded() const { return m_loaded; }
+    CQOXRMLumeq& Record() { return m_record; }
+    const std::vector<std::unique_ptr<CQoxRule>>& Rules() const { return m_rules; }
+
+private:
+    CQOXRMLumeq m_record;
+    bool m_loaded;
+    std::vector<std::unique_ptr<CQoxRule>> m_rules; // the record doesn't own them
+};
+
+void CheckIndexes(LoadedFile& file)
+{
+    std::int32_t index = 0;
+    for (const std::unique_ptr<CQoxRule>& rule : file.Rules())
+    {
+        ++index;
+        Require(rule->m_nTreeIndex == index && rule->IsUserDefined());
+        CQoxRule* found = nullptr;
+        file.Record().FindRule(file.Record().TreeRoot(), index, found);
+        Require(found == rule.get());
+    }
+}
+
+void CheckParameters(const CQoxRule& first, const CQoxRule& second)
+{
+    Require(first.Parameters().size() == second.Parameters().size());
+    for (std::size_t index = 0; index < first.Parameters().size(); ++index)
+    {
+        const CQoxParamStorage& left = first.Parameters()[index];
+        const CQoxParamStorage& right = second.Parameters()[index];
+        Require(left.nNumber == right.nNumber && left.eKind == right.eKind);
+        Require(left.strName.size() == right.strName.size() && left.strValue.size() == right.strValue.size());
+        Require(left.choices.size() == right.choices.size());
+        Require(left.strUnknownMarkup.empty() == right.strUnknownMarkup.empty());
+    }
+}
+
+/// Characters that no file may hold became blanks, so texts keep their length only.
+void CheckSameRules(const LoadedFile& first, const LoadedFile& second)
+{
+    Require(first.Rules().size() == second.Rules().size());
+    for (std::size_t index = 0; index < first.Rules().size(); ++index)
+    {
+        const CQoxRule& left = *first.Rules()[index];
+        const CQoxRule& right = *second.Rules()[index];
+        Require(left.m_strRuleName.size() == right.m_strRuleName.size());
+        Require(left.m_strRuleModule == right.m_strRuleModule);
+        Require(left.m_nCriticality == right.m_nCriticality);
+        Require(left.m_categoryList.size() == right.m_categoryList.size());
+        Require(left.m_references.size() == right.m_references.size());
+        CheckParameters(left, right);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static FuzzApplication application;
+    static const FuzzFile file;
+    g_pApp = &application;
+
+    file.Write({ reinterpret_cast<const char*>(data), size });
+    LoadedFile first(file);
+    if (!first.IsLoaded())
+    {
+        return 0;
+    }
+    CheckIndexes(first);
+    Require(first.Record().WriteRuleFile(file.Path()));
+    const std::string written = file.Read();
+
+    LoadedFile second(file);
+    Require(second.IsLoaded());
+    CheckSameRules(first, second);
+    Require(second.Record().newRuleUnits == first.Record().newRuleUnits);
+    Require(second.Record().WriteRuleFile(file.Path()));
+    Require(file.Read() == written);
+    return 0;
+}
