@@ -13,7 +13,7 @@ RuleElementReader::RuleElementReader(const ModuleSet* modules)
     for (const Platform::LibraryHandle library : modules->ConfigModules())
     {
         const RuleModule module(library);
-        m_sources.push_back({ module, module.DisplayName(), module.Path() });
+        m_sources.push_back({ module, module.FindGetRule(), module.DisplayName(), module.Path() });
     }
 }
 
@@ -21,7 +21,7 @@ CQoxRule* RuleElementReader::Read(QoxXMLNode* node) const
 {
     for (const Source& source : m_sources)
     {
-        if (CQoxRule* const rule = source.module.GetRule(node))
+        if (CQoxRule* const rule = source.module.GetRule(source.getRule, node))
         {
             rule->m_strRuleModule = source.displayName;
             rule->m_strModulePath = source.path;

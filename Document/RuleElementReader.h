@@ -24,6 +24,7 @@ private:
     struct Source
     {
         RuleModule module;
+        GetRuleFunction getRule;
         std::wstring displayName;
         std::wstring path;
     };

@@ -7,7 +7,7 @@ CQOXRMTreeRootRule::CQOXRMTreeRootRule(IUserPrompt* prompt) : m_prompt(prompt)
     m_strRuleName.clear();
     m_strSummary.clear();
     m_strSummary2.clear();
-    m_references.emplace_back();
+    m_references = { std::wstring() };
     m_nReserved = 0;
     m_nCriticality = 5;
     CQOXRMTreeRootRule::InitializeParamStorage();

@@ -50,7 +50,7 @@ bool CQoxParamStorage::IsValid() const
 bool CQoxParamStorage::IsDefault() const
 {
     // Compared as shown: a conversion of units and back must not make a value differ.
-    return IsNumeric() ? FormatShownNumber(dValue) == FormatShownNumber(dDefault) : strValue == strDefault;
+    return IsNumeric() ? FormatShownNumber(dValue) == FormatShownNumber(dDefault) : strDefault == strValue;
 }
 
 void CQoxParamStorage::ConvertUnits(const RuleUnitSystemStructure& from, const RuleUnitSystemStructure& to)

@@ -12,6 +12,7 @@ namespace
 {
 
 using VantrelXml::AppendAttribute;
+using VantrelXml::AssignShared;
 using VantrelXml::AssignWide;
 
 constexpr std::array AllKinds = { ParamKind::Length, ParamKind::Angle,  ParamKind::Number, ParamKind::Integer,
@@ -59,9 +60,9 @@ void ReadAttribute(CQoxParamStorage& parameter, Attribute attribute, const char*
     case Attribute::Kind:
         return; // the parameter was found by them
     case Attribute::Name:
-        return AssignWide(parameter.strName, value);
+        return AssignShared(parameter.strName, value);
     case Attribute::Label:
-        return AssignWide(parameter.strLabel, value);
+        return AssignShared(parameter.strLabel, value);
     case Attribute::Value:
         return numeric ? ReadNumber(parameter.dValue, value) : AssignWide(parameter.strValue, value);
     case Attribute::Minimum:
@@ -69,9 +70,9 @@ void ReadAttribute(CQoxParamStorage& parameter, Attribute attribute, const char*
     case Attribute::Maximum:
         return ReadNumber(parameter.dMaximum, value);
     case Attribute::Default:
-        return numeric ? ReadNumber(parameter.dDefault, value) : AssignWide(parameter.strDefault, value);
+        return numeric ? ReadNumber(parameter.dDefault, value) : AssignShared(parameter.strDefault, value);
     case Attribute::Help:
-        return AssignWide(parameter.strHelp, value);
+        return AssignShared(parameter.strHelp, value);
     }
 }
 
@@ -116,12 +117,12 @@ void ParameterXml::Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_n
         }
     }
 
-    bool choicesSeen = false;
+    VantrelXml::ListReader choices(parameter.choices);
     for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
     {
         if (std::string_view(child.name()) == "Choice")
         {
-            VantrelXml::ReadListElement(parameter.choices, child, choicesSeen);
+            choices.Take(child);
         }
         else
         {
@@ -134,8 +135,8 @@ void ParameterXml::Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_n
 void ParameterXml::Write(const CQoxParamStorage& parameter, pugi::xml_node element)
 {
     element.append_attribute("Number").set_value(parameter.nNumber);
-    AppendAttribute(element, "Name", parameter.strName);
-    AppendAttribute(element, "Label", parameter.strLabel);
+    AppendAttribute(element, "Name", parameter.strName.Get());
+    AppendAttribute(element, "Label", parameter.strLabel.Get());
     element.append_attribute("Kind").set_value(ParamKindName(parameter.eKind).data());
     if (parameter.IsNumeric())
     {
@@ -147,9 +148,9 @@ void ParameterXml::Write(const CQoxParamStorage& parameter, pugi::xml_node eleme
     else
     {
         AppendAttribute(element, "Value", parameter.strValue);
-        AppendAttribute(element, "Default", parameter.strDefault);
+        AppendAttribute(element, "Default", parameter.strDefault.Get());
     }
-    AppendAttribute(element, "Help", parameter.strHelp);
+    AppendAttribute(element, "Help", parameter.strHelp.Get());
     for (const std::wstring& choice : parameter.choices)
     {
         VantrelXml::AppendListElement(element, "Choice", choice);

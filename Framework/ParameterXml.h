@@ -11,13 +11,20 @@
 class ParameterXml
 {
 public:
-    /// The number of the parameter that the element tells of. Nothing if it has none or
-    /// is of a kind that this version doesn't know; it is then kept unread.
-    static std::optional<std::int32_t> NumberOf(pugi::xml_node element);
+    /// What a parameter is found by.
+    struct Identity
+    {
+        std::int32_t number;
+        ParamKind kind;
+    };
 
-    /// Fills the parameter from the element. What the element lacks stays as it was, and
-    /// so does a number that can't be read.
-    static void Read(CQoxParamStorage& parameter, pugi::xml_node element);
+    /// The parameter that the element tells of. Nothing if it has no number or is of a kind
+    /// that this version doesn't know; it is then kept unread.
+    static std::optional<Identity> IdentityOf(pugi::xml_node element);
+
+    /// Fills the parameter from the element, which is of the kind. What the element lacks
+    /// stays as it was, and so does a number that can't be read.
+    static void Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_node element);
 
     /// Fills an empty element from the parameter.
     static void Write(const CQoxParamStorage& parameter, pugi::xml_node element);

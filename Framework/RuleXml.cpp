@@ -142,8 +142,8 @@ void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, VantrelXml:
 void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)
 {
     ParameterFinder finder(rule.m_parameters);
-    bool categoriesSeen = false;
-    bool referencesSeen = false;
+    VantrelXml::ListReader categories(rule.m_categoryList);
+    VantrelXml::ListReader references(rule.m_references);
     for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
     {
         const std::string_view name = child.name();
@@ -157,12 +157,12 @@ void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::U
         }
         else if (name == "Category")
         {
-            VantrelXml::ReadListElement(rule.m_categoryList, child, categoriesSeen);
+            categories.Take(child);
             continue;
         }
         else if (name == "Reference")
         {
-            VantrelXml::ReadListElement(rule.m_references, child, referencesSeen);
+            references.Take(child);
             continue;
         }
         unknown.Keep(child);

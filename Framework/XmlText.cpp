@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace VantrelXml
 {
@@ -17,17 +19,8 @@ namespace
 /// Texts up to this length are converted without taking memory.
 constexpr std::size_t QuickLength = 512;
 
-/// Elements of the same name in a row, from this one on.
-std::size_t CountAlike(pugi::xml_node element)
-{
-    std::size_t count = 0;
-    for (const char* const name = element.name(); element && std::strcmp(element.name(), name) == 0;
-         element = element.next_sibling())
-    {
-        ++count;
-    }
-    return count;
-}
+/// What a list is prepared for before its length is known.
+constexpr std::size_t UsualListLength = 8;
 
 bool IsPlain(wchar_t c)
 {
@@ -63,6 +56,25 @@ bool WidenAscii(const char* bytes, std::size_t length, wchar_t* text)
         text[position] = static_cast<wchar_t>(byte);
     }
     return (all & NotAscii) == 0;
+}
+
+/// True if the wide text is that of the UTF-8 bytes.
+bool EqualsUtf8(const std::wstring& text, const char* utf8)
+{
+    for (std::size_t position = 0; position < text.size(); ++position)
+    {
+        const auto byte = static_cast<unsigned char>(utf8[position]);
+        if (byte >= 0x80)
+        {
+            // From here on it isn't one byte a character any more.
+            return Platform::Utf8ToWide(utf8 + position) == std::wstring_view(text).substr(position);
+        }
+        if (byte == 0 || static_cast<wchar_t>(byte) != text[position])
+        {
+            return false;
+        }
+    }
+    return utf8[text.size()] == '\0';
 }
 
 } // namespace
@@ -112,15 +124,51 @@ void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_vie
     AppendAttribute(parent.append_child(name), "Value", value);
 }
 
-void ReadListElement(std::vector<std::wstring>& list, pugi::xml_node element, bool& seen)
+void AssignShared(SharedText& text, const char* utf8)
 {
-    if (!seen)
+    if (!EqualsUtf8(text.Get(), utf8))
     {
-        list.clear();
-        list.reserve(CountAlike(element));
-        seen = true;
+        std::wstring wide;
+        AssignWide(wide, utf8);
+        text = wide;
     }
-    AssignWide(list.emplace_back(), element.attribute("Value").value());
+}
+
+ListReader::~ListReader()
+{
+    if (m_count != 0 && m_count != m_list.size())
+    {
+        Diverge(); // the file's list is shorter
+    }
+    if (m_diverged)
+    {
+        m_list = std::move(m_texts);
+    }
+}
+
+void ListReader::Take(pugi::xml_node element)
+{
+    const char* const value = element.attribute("Value").value();
+    if (!m_diverged && (m_count >= m_list.size() || !EqualsUtf8(m_list[m_count], value)))
+    {
+        Diverge();
+    }
+    if (m_diverged)
+    {
+        AssignWide(m_texts.emplace_back(), value);
+    }
+    ++m_count;
+}
+
+void ListReader::Diverge()
+{
+    if (!m_diverged)
+    {
+        m_diverged = true;
+        const auto same = static_cast<std::ptrdiff_t>(std::min(m_count, m_list.size()));
+        m_texts.reserve(UsualListLength);
+        m_texts.assign(m_list.begin(), m_list.begin() + same);
+    }
 }
 
 std::string UnknownParts::Markup() const

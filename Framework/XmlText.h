@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Vantrel/SharedText.h>
+
 #include <pugixml.hpp>
 
 #include <cstddef>
@@ -37,8 +39,30 @@ void AppendAttribute(pugi::xml_node element, const char* name, std::wstring_view
 /// Appends `<name Value="..."/>`, the form of one entry of a list of texts.
 void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_view value);
 
-/// Reads one entry of a list. The first one takes the place of what the list held.
-void ReadListElement(std::vector<std::wstring>& list, pugi::xml_node element, bool& seen);
+/// Takes over UTF-8 as a shared text; one that is the same already is left shared.
+void AssignShared(SharedText& text, const char* utf8);
+
+/// Reads the entries of a list one by one. A list that turns out the same is left shared.
+class ListReader
+{
+public:
+    /// `list` must outlive the reader, which changes it when it ends.
+    explicit ListReader(SharedTextList& list) : m_list(list) {}
+    /// What was read takes the place of what the list held, unless nothing was.
+    ~ListReader();
+    ListReader(const ListReader&) = delete;
+    ListReader& operator=(const ListReader&) = delete;
+
+    void Take(pugi::xml_node element);
+
+private:
+    void Diverge();
+
+    SharedTextList& m_list;
+    std::size_t m_count = 0;
+    bool m_diverged = false;
+    std::vector<std::wstring> m_texts; // all that was read, once the list turned out to differ
+};
 
 /// Collects what an element holds beyond what is known of it. Costs nothing as long as
 /// there is nothing of the kind, as in nearly every element.

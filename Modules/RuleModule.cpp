@@ -71,8 +71,13 @@ bool RuleModule::GetAllRules(PointerArray& rules) const
 
 CQoxRule* RuleModule::GetRule(QoxXMLNode* node) const
 {
+    return GetRule(FindGetRule(), node);
+}
+
+CQoxRule* RuleModule::GetRule(GetRuleFunction getRule, QoxXMLNode* node) const
+{
     CQoxRule* rule = nullptr;
-    if (const auto getRule = Find<GetRuleFunction>("GetRule"))
+    if (getRule != nullptr)
     {
         Guard(*this, [&] { getRule(node, rule); });
     }

@@ -7,8 +7,8 @@
 #include <list>
 #include <string>
 
-/// Calls into a loaded rule module. Every export is looked up at each call, and one that
-/// is missing makes the call do nothing; nor does a failure inside a module come out.
+/// Calls into a loaded rule module. Every export is looked up at each use, and one that is
+/// missing makes the call do nothing; nor does a failure inside a module come out.
 class RuleModule
 {
 public:
@@ -30,6 +30,11 @@ public:
     /// A new rule for the element, or null if it isn't the module's. The rule carries the
     /// module's display name and path.
     CQoxRule* GetRule(QoxXMLNode* node) const;
+
+    /// The module's `GetRule`, for one file: looked up before its first element and used for
+    /// all of them. Null if it isn't exported.
+    GetRuleFunction FindGetRule() const { return Find<GetRuleFunction>("GetRule"); }
+    CQoxRule* GetRule(GetRuleFunction getRule, QoxXMLNode* node) const;
 
     void SetXMLDoc(QoxXMLDocument* document) const;
     void SetDBModuleList(const std::list<std::wstring>& databaseModules) const;

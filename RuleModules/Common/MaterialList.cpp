@@ -2,7 +2,9 @@
 
 #include <Vantrel/RuleDatabase.h>
 
+#include <iterator>
 #include <utility>
+#include <vector>
 
 namespace
 {
@@ -23,7 +25,10 @@ MaterialList ReadDatabase(const std::list<std::wstring>& databaseModules, std::w
     }
     std::list<std::wstring> names;
     database->GetMaterialNames(std::wstring(group), names);
-    return { { std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()) }, !names.empty() };
+    MaterialList list;
+    list.names = std::vector<std::wstring>(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
+    list.fromDatabase = !list.names.empty();
+    return list;
 }
 
 } // namespace
@@ -46,7 +51,7 @@ std::shared_ptr<const MaterialList> MaterialSource::Materials()
         MaterialList list = ReadDatabase(m_databaseModules, m_group);
         if (list.names.empty())
         {
-            list.names.assign(m_builtIn.begin(), m_builtIn.end());
+            list.names = std::vector<std::wstring>(m_builtIn.begin(), m_builtIn.end());
         }
         // Not by make_shared: it leaves a symbol in the module that the loader holds to be
         // unique in the process, and such a library is never unloaded.

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <Vantrel/SharedText.h>
+
 #include <list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// The materials that a module's rules offer.
 struct MaterialList
 {
-    std::vector<std::wstring> names;
+    SharedTextList names;
     bool fromDatabase = false; ///< False for the short list that is built in.
 };
 

@@ -38,7 +38,7 @@ ModuleCatalogue::ModuleCatalogue(const ModuleDefinition& module)
     m_rulesByName.reserve(module.rules.size());
     for (const RuleDefinition& rule : module.rules)
     {
-        m_rulesByName.emplace(rule.name, &rule);
+        m_rulesByName.emplace(rule.name, ModuleRule::Prepare(module, rule));
     }
 }
 
@@ -60,12 +60,12 @@ std::unique_ptr<CQoxRule> ModuleCatalogue::GetRule(QoxXMLNode& element)
     {
         return nullptr;
     }
-    const RuleDefinition* const definition = FindRule(text);
-    if (definition == nullptr)
+    const PreparedRule* const rule = FindRule(text);
+    if (rule == nullptr)
     {
         return nullptr;
     }
-    return ModuleRule::MakeFromElement(m_module, *definition, m_materials.Materials(), element);
+    return ModuleRule::MakeFromElement(m_module, *rule, m_materials.Materials(), element);
 }
 
 void ModuleCatalogue::DeleteRule(CQoxRule** rule)
@@ -77,10 +77,10 @@ void ModuleCatalogue::DeleteRule(CQoxRule** rule)
     }
 }
 
-const RuleDefinition* ModuleCatalogue::FindRule(std::wstring_view name) const
+const PreparedRule* ModuleCatalogue::FindRule(std::wstring_view name) const
 {
     const auto found = m_rulesByName.find(name);
-    return found != m_rulesByName.end() ? found->second : nullptr;
+    return found != m_rulesByName.end() ? &found->second : nullptr;
 }
 
 void ModuleCatalogue::SetDatabaseModules(const std::list<std::wstring>* modules)

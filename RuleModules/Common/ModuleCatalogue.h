@@ -36,7 +36,7 @@ public:
     static void DeleteRule(CQoxRule** rule);
 
     /// The definition by rule name without regard to case, or null.
-    const RuleDefinition* FindRule(std::wstring_view name) const;
+    const PreparedRule* FindRule(std::wstring_view name) const;
 
     /// Paths of the database modules; copied. Null stands for none.
     void SetDatabaseModules(const std::list<std::wstring>* modules);
@@ -62,7 +62,7 @@ private:
     // Kept as strings, since every element of every file is asked for them.
     const std::wstring m_moduleAttribute = L"RuleModule";
     const std::wstring m_nameAttribute = L"RuleName";
-    std::unordered_map<std::wstring_view, const RuleDefinition*, NameHash, NameEqual> m_rulesByName;
+    std::unordered_map<std::wstring_view, PreparedRule, NameHash, NameEqual> m_rulesByName;
     MaterialSource m_materials;
     QoxXMLDocument* m_document = nullptr; // owned by the operation that loads or saves
 };

@@ -72,26 +72,32 @@ std::unique_ptr<ModuleRule> ModuleRule::MakeNew(const ModuleDefinition& module, 
                                                 std::shared_ptr<const MaterialList> materials)
 {
     std::unique_ptr<ModuleRule> result(new ModuleRule(module, rule, std::move(materials)));
-    result->OfferCategories();
+    result->m_categoryList = std::vector<std::wstring>(module.categories.begin(), module.categories.end());
     result->InitializeParamStorage();
     return result;
 }
 
-std::unique_ptr<ModuleRule> ModuleRule::MakeFromElement(const ModuleDefinition& module, const RuleDefinition& rule,
+std::unique_ptr<ModuleRule> ModuleRule::MakeFromElement(const ModuleDefinition& module, const PreparedRule& rule,
                                                         std::shared_ptr<const MaterialList> materials,
                                                         QoxXMLNode& element)
 {
-    std::unique_ptr<ModuleRule> result(new ModuleRule(module, rule, std::move(materials)));
-    result->ReadElement(element);
+    std::unique_ptr<ModuleRule> result(new ModuleRule(module, rule.definition, std::move(materials)));
+    result->ReadElement(rule, element);
     return result;
 }
 
-void ModuleRule::OfferCategories()
+PreparedRule ModuleRule::Prepare(const ModuleDefinition& module, const RuleDefinition& rule)
 {
-    m_categoryList.assign(m_module.categories.begin(), m_module.categories.end());
+    PreparedRule prepared{ rule, {}, {} };
+    prepared.categories = std::vector<std::wstring>(module.categories.begin(), module.categories.end());
+    for (const ParamDefinition& definition : rule.parameters)
+    {
+        prepared.parameters.push_back(MakeParameter(definition, Numbers::Unset));
+    }
+    return prepared;
 }
 
-CQoxParamStorage ModuleRule::MakeParameter(const ParamDefinition& definition, Numbers numbers) const
+CQoxParamStorage ModuleRule::MakeParameter(const ParamDefinition& definition, Numbers numbers)
 {
     CQoxParamStorage parameter;
     parameter.nNumber = definition.number;
@@ -100,7 +106,7 @@ CQoxParamStorage ModuleRule::MakeParameter(const ParamDefinition& definition, Nu
     parameter.strLabel = definition.label;
     parameter.strHelp = definition.help;
     parameter.strDefault = definition.defaultText;
-    parameter.strValue = parameter.strDefault;
+    parameter.strValue = parameter.strDefault.Get();
     if (parameter.IsNumeric())
     {
         const bool unset = numbers == Numbers::Unset;
@@ -123,36 +129,35 @@ void ModuleRule::InitializeParamStorage()
         if (parameter.eKind == ParamKind::Choice)
         {
             parameter.choices = m_materials->names;
-            const bool known = std::find(parameter.choices.begin(), parameter.choices.end(), parameter.strDefault) !=
+            const bool known = std::find(parameter.choices.begin(), parameter.choices.end(), parameter.strDefault.Get()) !=
                                parameter.choices.end();
             if (!known && !parameter.choices.empty())
             {
                 // Whoever has a database of their own materials starts with one of those.
                 parameter.strDefault = parameter.choices.front();
-                parameter.strValue = parameter.strDefault;
+                parameter.strValue = parameter.choices.front();
             }
         }
     }
 }
 
-void ModuleRule::ReadElement(QoxXMLNode& element)
+void ModuleRule::ReadElement(const PreparedRule& prepared, QoxXMLNode& element)
 {
-    // Lists are left for the element to fill: it nearly always has them, and files with
-    // very many rules are common.
-    m_parameters.reserve(m_definition.parameters.size());
-    for (const ParamDefinition& definition : m_definition.parameters)
+    // What the element says too stays shared.
+    m_categoryList = prepared.categories;
+    m_parameters = prepared.parameters;
+    for (CQoxParamStorage& parameter : m_parameters)
     {
-        m_parameters.push_back(MakeParameter(definition, Numbers::Unset));
+        if (parameter.eKind == ParamKind::Choice)
+        {
+            parameter.choices = m_materials->names;
+        }
     }
 
     PopulateParametersFromXML(&element);
 
     FillUnsetNumbers(element);
     OfferMaterials();
-    if (m_categoryList.empty())
-    {
-        OfferCategories();
-    }
     // Rules of a file are matched with those on offer by name, second summary and library:
     // a wording that changed since the file was written must not part them.
     m_strSummary2 = m_definition.detailedSummary;

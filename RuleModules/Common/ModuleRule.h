@@ -6,6 +6,16 @@
 #include <Vantrel/QoxRule.h>
 
 #include <memory>
+#include <vector>
+
+/// A rule's definition with what is made of it once for all rules of files: those share
+/// its texts and lists, and a file may hold very many of them.
+struct PreparedRule
+{
+    const RuleDefinition& definition;
+    SharedTextList categories;
+    std::vector<CQoxParamStorage> parameters; ///< Without their numbers, which a file gives.
+};
 
 /// A rule of a module, made from its definition. Lengths and angles are in millimeters
 /// and degrees, or in the units of the file that it was read from.
@@ -20,9 +30,12 @@ public:
 
     /// The rule that the `Rule` element tells of. What the element lacks comes from the
     /// definition, in the units of the file.
-    static std::unique_ptr<ModuleRule> MakeFromElement(const ModuleDefinition& module, const RuleDefinition& rule,
+    static std::unique_ptr<ModuleRule> MakeFromElement(const ModuleDefinition& module, const PreparedRule& rule,
                                                        std::shared_ptr<const MaterialList> materials,
                                                        QoxXMLNode& element);
+
+    /// Makes what the rules of files share.
+    static PreparedRule Prepare(const ModuleDefinition& module, const RuleDefinition& rule);
 
     /// Parameters as the definition has them, with their defaults as values.
     void InitializeParamStorage() override;
@@ -37,9 +50,8 @@ private:
     ModuleRule(const ModuleDefinition& module, const RuleDefinition& rule,
                std::shared_ptr<const MaterialList> materials);
 
-    void ReadElement(QoxXMLNode& element);
-    void OfferCategories();
-    CQoxParamStorage MakeParameter(const ParamDefinition& definition, Numbers numbers) const;
+    void ReadElement(const PreparedRule& prepared, QoxXMLNode& element);
+    static CQoxParamStorage MakeParameter(const ParamDefinition& definition, Numbers numbers);
     void FillUnsetNumbers(const QoxXMLNode& element);
     void OfferMaterials();
 

@@ -2,6 +2,7 @@
 
 #include <Vantrel/Export.h>
 #include <Vantrel/RuleUnits.h>
+#include <Vantrel/SharedText.h>
 
 #include <cstdint>
 #include <limits>
@@ -37,12 +38,12 @@ public:
     double dDefault = 0;
     double dMinimum = NoMinimum; ///< Smallest allowed value.
     double dMaximum = NoMaximum; ///< Largest allowed value.
-    std::wstring strName;        ///< Name for programs; never translated.
-    std::wstring strLabel;       ///< Name for people.
+    SharedText strName;                  ///< Name for programs; never translated.
+    SharedText strLabel;                 ///< Name for people.
     std::wstring strValue;
-    std::wstring strDefault;
-    std::wstring strHelp;                ///< One or two sentences for the editor.
-    std::vector<std::wstring> choices;   ///< The allowed texts of a Choice.
+    SharedText strDefault;
+    SharedText strHelp;     ///< One or two sentences for the editor.
+    SharedTextList choices; ///< The allowed texts of a Choice.
     /// What a newer version wrote into the element, as markup; written back as it was read.
     std::string strUnknownMarkup;
 

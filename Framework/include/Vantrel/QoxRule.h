@@ -87,10 +87,10 @@ public:
     std::wstring m_strSummary;
     std::wstring m_strSummary2;
     std::wstring m_strCategory;
-    std::vector<std::wstring> m_categoryList; ///< Categories offered for the rule.
+    SharedTextList m_categoryList; ///< Categories offered for the rule.
     std::wstring m_strRuleModule;             ///< Display name of the owning module, or one of the two marks.
     std::wstring m_strModulePath;             ///< Path of the module's library; name of a user-defined rule's file.
-    std::vector<std::wstring> m_references;   ///< Paths of the script's type libraries.
+    SharedTextList m_references;   ///< Paths of the script's type libraries.
     std::int32_t m_nTreeIndex = 0;            ///< Given by the record that the rule was added to last.
     std::int32_t m_nReserved = 0;             ///< 0 in a tree root; no other meaning.
     std::int32_t m_nCriticality = 3;          ///< 1 to 5.
