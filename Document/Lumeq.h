@@ -13,6 +13,7 @@
 class ConcreteQOXRule;
 class IUserPrompt;
 class QoxXMLDocument;
+class QoxXMLListWriter;
 class QoxXMLNode;
 class RuleElementReader;
 
@@ -109,7 +110,7 @@ public:
 private:
     CQoxRule* ReadRuleThrough(const RuleElementReader& reader, QoxXMLNode* node);
     void AppendHeaderAttributes(QoxXMLNode& root) const;
-    void AppendRules(QoxXMLNode& root, const PointerArray& rules, bool logRules) const;
+    void AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, bool logRules) const;
 
     std::unique_ptr<CQOXRMTreeRootRule> m_treeRoot;
     RuleTable m_rules;

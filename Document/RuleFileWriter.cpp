@@ -44,7 +44,7 @@ void CQOXRMLumeq::AppendHeaderAttributes(QoxXMLNode& root) const
     root.AddAttribute1(RuleFileNames::Version, RuleFileNames::VersionText);
 }
 
-void CQOXRMLumeq::AppendRules(QoxXMLNode& root, const PointerArray& rules, bool logRules) const
+void CQOXRMLumeq::AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, bool logRules) const
 {
     for (CQoxRule* const rule : rules)
     {
@@ -53,7 +53,7 @@ void CQOXRMLumeq::AppendRules(QoxXMLNode& root, const PointerArray& rules, bool 
         {
             continue; // the rule failed; the others are still saved
         }
-        root.AppendNode(element.get());
+        writer.Append(*element);
         if (logRules)
         {
             LogMessage(L"%s has been added in the file to be saved", rule->m_strRuleName);
@@ -81,11 +81,12 @@ bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
 
     const std::unique_ptr<QoxXMLNode> root = MakeRoot();
     AppendHeaderAttributes(*root);
-    AppendRules(*root, rules, true);
+    QoxXMLListWriter writer(*root);
+    AppendRules(writer, rules, true);
 
     // A failed write is not reported: the old file is still whole then, and the lock on it
     // and the caller's state must go on as after any save.
-    std::ignore = g_pXmlDoc->Save1(path.c_str());
+    std::ignore = writer.Save1(path.c_str());
     XmlOperation::End();
     return true;
 }
@@ -103,8 +104,9 @@ bool CQOXRMLumeq::WriteUserFile(const std::wstring& path)
     XmlOperation::Begin();
     const std::unique_ptr<QoxXMLNode> root = MakeRoot();
     AppendHeaderAttributes(*root);
-    AppendRules(*root, rules, false);
-    std::ignore = g_pXmlDoc->Save1(narrowPath.c_str()); // as for rule files
+    QoxXMLListWriter writer(*root);
+    AppendRules(writer, rules, false);
+    std::ignore = writer.Save1(narrowPath.c_str()); // as for rule files
     XmlOperation::End();
     return true;
 }

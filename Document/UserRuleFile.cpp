@@ -25,7 +25,7 @@ void KeepDamagedFile(const std::wstring& path)
     const std::optional<Platform::FileBytes> bytes = Platform::ReadWholeFile(path);
     if (bytes && bytes->Size() > 0 && !Platform::PathExists(copyPath))
     {
-        Platform::ReplaceFile(copyPath, bytes->View());
+        Platform::SaveFileWhole(copyPath, bytes->View());
     }
 }
 

@@ -67,6 +67,13 @@ void AppendNumberText(std::string& text, double value)
     }
     std::array<char, 32> buffer;
     char* const bufferEnd = buffer.data() + buffer.size();
+    // Most numbers are whole and small; up to here their shortest text has no exponent.
+    constexpr double LargestPlainWhole = 99999;
+    if (std::abs(value) <= LargestPlainWhole && std::trunc(value) == value)
+    {
+        text.append(buffer.data(), std::to_chars(buffer.data(), bufferEnd, static_cast<std::int32_t>(value)).ptr);
+        return;
+    }
     char* end = std::to_chars(buffer.data(), bufferEnd, value).ptr;
 
     // Texts of up to 16 characters are at most 15 digits and a point: nothing to drop.

@@ -5,13 +5,12 @@
 #include "Framework/XmlText.h"
 
 #include <array>
-#include <cmath>
 #include <string_view>
+#include <vector>
 
 namespace
 {
 
-using VantrelXml::AppendAttribute;
 using VantrelXml::AssignShared;
 using VantrelXml::AssignWide;
 
@@ -76,17 +75,6 @@ void ReadAttribute(CQoxParamStorage& parameter, Attribute attribute, const char*
     }
 }
 
-void AppendNumber(pugi::xml_node element, const char* name, double number)
-{
-    if (!std::isfinite(number))
-    {
-        return; // an open end of the range
-    }
-    std::string text;
-    AppendNumberText(text, number);
-    element.append_attribute(name).set_value(text.c_str());
-}
-
 } // namespace
 
 std::optional<ParameterXml::Identity> ParameterXml::IdentityOf(pugi::xml_node element)
@@ -132,28 +120,46 @@ void ParameterXml::Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_n
     parameter.strUnknownMarkup = unknown.Markup();
 }
 
-void ParameterXml::Write(const CQoxParamStorage& parameter, pugi::xml_node element)
+void ParameterXml::Append(const CQoxParamStorage& parameter, pugi::xml_node rule,
+                          const VantrelXml::ElementTemplates& templates)
 {
-    element.append_attribute("Number").set_value(parameter.nNumber);
-    AppendAttribute(element, "Name", parameter.strName.Get());
-    AppendAttribute(element, "Label", parameter.strLabel.Get());
-    element.append_attribute("Kind").set_value(ParamKindName(parameter.eKind).data());
-    if (parameter.IsNumeric())
+    const bool numeric = parameter.IsNumeric();
+    const pugi::xml_node element =
+        rule.append_copy(numeric ? templates.numericParameter : templates.textParameter);
+    VantrelXml::AttributeFiller filler(element);
+    filler.Integer(parameter.nNumber);
+    filler.Text(parameter.strName.Get());
+    filler.Text(parameter.strLabel.Get());
+    filler.Ascii(ParamKindName(parameter.eKind).data());
+    if (numeric)
     {
-        AppendNumber(element, "Value", parameter.dValue);
-        AppendNumber(element, "Minimum", parameter.dMinimum);
-        AppendNumber(element, "Maximum", parameter.dMaximum);
-        AppendNumber(element, "Default", parameter.dDefault);
+        filler.Number(parameter.dValue);
+        filler.Number(parameter.dMinimum);
+        filler.Number(parameter.dMaximum);
+        filler.Number(parameter.dDefault);
     }
     else
     {
-        AppendAttribute(element, "Value", parameter.strValue);
-        AppendAttribute(element, "Default", parameter.strDefault.Get());
+        filler.Text(parameter.strValue);
+        filler.Text(parameter.strDefault.Get());
     }
-    AppendAttribute(element, "Help", parameter.strHelp.Get());
+    filler.Text(parameter.strHelp.Get());
     for (const std::wstring& choice : parameter.choices)
     {
-        VantrelXml::AppendListElement(element, "Choice", choice);
+        VantrelXml::AppendListElement(element, templates.choice, choice);
     }
     VantrelXml::AppendUnknown(element, parameter.strUnknownMarkup);
+}
+
+std::string ParameterXml::NumericTemplate()
+{
+    return VantrelXml::EmptyElement("Parameter", AttributeNames);
+}
+
+std::string ParameterXml::TextTemplate()
+{
+    std::vector<const char*> names(AttributeNames.begin(), AttributeNames.end());
+    std::erase(names, AttributeNames[static_cast<std::size_t>(Attribute::Minimum)]);
+    std::erase(names, AttributeNames[static_cast<std::size_t>(Attribute::Maximum)]);
+    return VantrelXml::EmptyElement("Parameter", names);
 }

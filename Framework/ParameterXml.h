@@ -6,6 +6,12 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+
+namespace VantrelXml
+{
+struct ElementTemplates;
+}
 
 /// The `Parameter` element of rule files, held against `CQoxParamStorage`.
 class ParameterXml
@@ -26,6 +32,11 @@ public:
     /// stays as it was, and so does a number that can't be read.
     static void Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_node element);
 
-    /// Fills an empty element from the parameter.
-    static void Write(const CQoxParamStorage& parameter, pugi::xml_node element);
+    /// Appends an element for the parameter. The templates are those of the document.
+    static void Append(const CQoxParamStorage& parameter, pugi::xml_node rule,
+                       const VantrelXml::ElementTemplates& templates);
+
+    /// Markup of the templates for parameters: with a number, and with a text.
+    static std::string NumericTemplate();
+    static std::string TextTemplate();
 };

@@ -38,9 +38,7 @@ QoxXMLNode* CQoxRule::GetXML()
         return nullptr;
     }
     const auto& state = VantrelXml::NodeAccess::StateOf(*document);
-    const pugi::xml_node element = VantrelXml::NodeAccess::NewFreeElement(*state, "Rule");
-    RuleXml::Write(*this, element);
-    return VantrelXml::NodeAccess::MakeNode(state, element);
+    return VantrelXml::NodeAccess::MakeNode(state, RuleXml::Write(*this, *state));
 }
 
 void CQoxRule::RunRule() {}

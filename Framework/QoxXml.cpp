@@ -133,17 +133,18 @@ const std::shared_ptr<DocumentState>& NodeAccess::StateOf(const QoxXMLDocument& 
     return document.m_state;
 }
 
-pugi::xml_node NodeAccess::NewFreeElement(DocumentState& state, const char* name)
+pugi::xml_node NodeAccess::Workshop(DocumentState& state)
 {
-    if (!IsXmlName(name))
-    {
-        return {};
-    }
     if (!state.workshop)
     {
         state.workshop = state.document.append_child("workshop");
     }
-    return state.workshop.append_child(name);
+    return state.workshop;
+}
+
+pugi::xml_node NodeAccess::NewFreeElement(DocumentState& state, const char* name)
+{
+    return IsXmlName(name) ? Workshop(state).append_child(name) : pugi::xml_node();
 }
 
 } // namespace VantrelXml
@@ -264,12 +265,12 @@ QoxXMLNode* QoxXMLDocument::LoadFromFile1(const char* path)
 bool QoxXMLDocument::Save(const std::wstring& path)
 {
     VantrelXml::StringWriter writer;
-    writer.text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    writer.text = VantrelXml::Declaration;
     if (m_state->root)
     {
-        m_state->root.print(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
+        m_state->root.print(writer, VantrelXml::Indentation, pugi::format_indent, pugi::encoding_utf8);
     }
-    return Platform::ReplaceFile(path, writer.text);
+    return Platform::SaveFileWhole(path, writer.text);
 }
 
 bool QoxXMLDocument::Save1(const char* path)

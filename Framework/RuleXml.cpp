@@ -17,7 +17,6 @@
 namespace
 {
 
-using VantrelXml::AppendAttribute;
 using VantrelXml::AppendListElement;
 using VantrelXml::AssignWide;
 
@@ -169,32 +168,59 @@ void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::U
     }
 }
 
-void RuleXml::Write(const CQoxRule& rule, pugi::xml_node element)
+const VantrelXml::ElementTemplates& RuleXml::TemplatesOf(VantrelXml::DocumentState& state)
 {
-    for (std::size_t place = 0; place < AttributeNames.size(); ++place)
+    VantrelXml::ElementTemplates& templates = state.templates;
+    if (templates.rule)
     {
-        const char* const name = AttributeNames[place];
-        const auto text = AttributeTexts[place];
+        return templates;
+    }
+    constexpr std::array listAttributes = { "Value" };
+    const std::string markup = VantrelXml::EmptyElement("Rule", AttributeNames) +
+                               VantrelXml::EmptyElement("Category", listAttributes) +
+                               VantrelXml::EmptyElement("Reference", listAttributes) +
+                               VantrelXml::EmptyElement("Choice", listAttributes) + ParameterXml::NumericTemplate() +
+                               ParameterXml::TextTemplate();
+    // Names are shared within a document only, and only those that were parsed.
+    pugi::xml_node holder = state.document.append_child("templates");
+    holder.append_buffer(markup.data(), markup.size());
+    templates.rule = holder.child("Rule");
+    templates.category = holder.child("Category");
+    templates.reference = holder.child("Reference");
+    templates.choice = holder.child("Choice");
+    templates.numericParameter = holder.child("Parameter");
+    templates.textParameter = templates.numericParameter.next_sibling();
+    return templates;
+}
+
+pugi::xml_node RuleXml::Write(const CQoxRule& rule, VantrelXml::DocumentState& state)
+{
+    const VantrelXml::ElementTemplates& templates = TemplatesOf(state);
+    const pugi::xml_node element = VantrelXml::NodeAccess::Workshop(state).append_copy(templates.rule);
+    VantrelXml::AttributeFiller filler(element);
+    for (const auto text : AttributeTexts)
+    {
         if (text == nullptr)
         {
-            element.append_attribute(name).set_value(rule.m_nCriticality);
+            filler.Integer(rule.m_nCriticality);
         }
         else
         {
-            AppendAttribute(element, name, text == &CQoxRule::m_strModulePath ? PathForFile(rule) : rule.*text);
+            filler.Text(text == &CQoxRule::m_strModulePath ? PathForFile(rule) : rule.*text);
         }
     }
     for (const std::wstring& category : rule.m_categoryList)
     {
-        AppendListElement(element, "Category", category);
+        AppendListElement(element, templates.category, category);
     }
     for (const std::wstring& reference : rule.m_references)
     {
-        AppendListElement(element, "Reference", reference);
+        AppendListElement(element, templates.reference, reference);
     }
     for (const CQoxParamStorage& parameter : rule.m_parameters)
     {
-        ParameterXml::Write(parameter, element.append_child("Parameter"));
+        ParameterXml::Append(parameter, element, templates);
     }
     VantrelXml::AppendUnknown(element, rule.m_unknownMarkup);
+    return element;
 }

@@ -9,6 +9,18 @@
 namespace VantrelXml
 {
 
+/// Elements to copy new ones from, with all their attributes and no values. A copy shares the
+/// names, which saves much of the time and memory that a document with very many rules takes.
+struct ElementTemplates
+{
+    pugi::xml_node rule;
+    pugi::xml_node category;
+    pugi::xml_node reference;
+    pugi::xml_node numericParameter;
+    pugi::xml_node textParameter;
+    pugi::xml_node choice;
+};
+
 /// The nodes of a document. Kept alive by the document object and by every node that was
 /// handed out, so that no order of deleting them leaves one without ground.
 struct DocumentState
@@ -18,6 +30,8 @@ struct DocumentState
     /// moving a node costs nothing within one document.
     pugi::xml_node workshop;
     pugi::xml_node root;
+    /// Null nodes until the first rule is written.
+    ElementTemplates templates;
 };
 
 /// The framework's own way into documents and nodes.
@@ -28,6 +42,8 @@ struct NodeAccess
     static pugi::xml_node NodeOf(const QoxXMLNode& node);
     static const std::shared_ptr<DocumentState>& StateOf(const QoxXMLNode& node);
     static const std::shared_ptr<DocumentState>& StateOf(const QoxXMLDocument& document);
+    /// The parent of the free elements.
+    static pugi::xml_node Workshop(DocumentState& state);
     /// A free element. Null node if the name can't be one.
     static pugi::xml_node NewFreeElement(DocumentState& state, const char* name);
 };
@@ -38,6 +54,10 @@ inline constexpr unsigned int ParseFlags = pugi::parse_default | pugi::parse_com
 
 /// How markup is made for digests and for what is kept unread: without indentation.
 inline constexpr unsigned int MarkupFlags = pugi::format_raw | pugi::format_no_declaration;
+
+/// How files are written.
+inline constexpr const char* Declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+inline constexpr const char* Indentation = "  ";
 
 /// True for a text that may be the name of an element or attribute.
 bool IsXmlName(const char* name);

@@ -1,12 +1,14 @@
 #include "Framework/XmlText.h"
 
+#include "Framework/NumberText.h"
 #include "Framework/XmlState.h"
 #include "Platform/Text.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
@@ -58,23 +60,67 @@ bool WidenAscii(const char* bytes, std::size_t length, wchar_t* text)
     return (all & NotAscii) == 0;
 }
 
-/// True if the wide text is that of the UTF-8 bytes.
-bool EqualsUtf8(const std::wstring& text, const char* utf8)
+/// True if the wide text is the same as the bytes, all of them ASCII.
+bool EqualsAscii(const wchar_t* text, const char* bytes, std::size_t length)
 {
-    for (std::size_t position = 0; position < text.size(); ++position)
+    std::size_t position = 0;
+    for (; position + Stride <= length; position += Stride)
     {
-        const auto byte = static_cast<unsigned char>(utf8[position]);
-        if (byte >= 0x80)
+        std::uint32_t differences = 0;
+        for (std::size_t offset = 0; offset < Stride; ++offset)
         {
-            // From here on it isn't one byte a character any more.
-            return Platform::Utf8ToWide(utf8 + position) == std::wstring_view(text).substr(position);
+            const auto byte = static_cast<unsigned char>(bytes[position + offset]);
+            const auto wide = static_cast<std::uint32_t>(text[position + offset]);
+            differences |= (wide ^ byte) | (byte & 0x80);
         }
-        if (byte == 0 || static_cast<wchar_t>(byte) != text[position])
+        if (differences != 0)
         {
             return false;
         }
     }
-    return utf8[text.size()] == '\0';
+    return std::equal(text + position, text + length, bytes + position,
+                      [](wchar_t wide, char byte)
+                      { return static_cast<unsigned char>(byte) < 0x80 && wide == static_cast<wchar_t>(byte); });
+}
+
+/// True if the wide text is that of the UTF-8 bytes.
+bool EqualsUtf8(const std::wstring& text, const char* utf8)
+{
+    const std::size_t length = std::strlen(utf8);
+    if (length == text.size())
+    {
+        // Of as many bytes as the text has characters, each is one, unless both are odd.
+        return EqualsAscii(text.data(), utf8, length) || Platform::Utf8ToWide({ utf8, length }) == text;
+    }
+    return length > text.size() && Platform::Utf8ToWide({ utf8, length }) == text;
+}
+
+/// Narrows characters one by one and ends them with a zero. False if one of them isn't plain;
+/// what was written is then of no use.
+bool NarrowPlain(std::wstring_view text, char* bytes)
+{
+    bool plain = true;
+    std::size_t position = 0;
+    for (; position + Stride <= text.size(); position += Stride)
+    {
+        std::array<char, Stride> chunk;
+        std::uint32_t odd = 0;
+        for (std::size_t offset = 0; offset < Stride; ++offset)
+        {
+            const auto wide = static_cast<std::uint32_t>(text[position + offset]);
+            odd |= wide - 0x20 > 0x5e ? 1U : 0U;
+            chunk[offset] = static_cast<char>(wide);
+        }
+        std::memcpy(bytes + position, chunk.data(), Stride);
+        plain = plain && odd == 0;
+    }
+    for (; position < text.size(); ++position)
+    {
+        plain = plain && IsPlain(text[position]);
+        bytes[position] = static_cast<char>(text[position]);
+    }
+    bytes[position] = '\0';
+    return plain;
 }
 
 } // namespace
@@ -103,14 +149,19 @@ void AssignWide(std::wstring& text, const char* utf8)
     }
 }
 
-void AppendAttribute(pugi::xml_node element, const char* name, std::wstring_view value)
+pugi::xml_attribute AttributeFiller::Take()
 {
-    pugi::xml_attribute attribute = element.append_attribute(name);
-    if (value.size() < QuickLength && std::all_of(value.begin(), value.end(), IsPlain))
+    const pugi::xml_attribute taken = m_next;
+    m_next = taken.next_attribute();
+    return taken;
+}
+
+void AttributeFiller::Text(std::wstring_view value)
+{
+    pugi::xml_attribute attribute = Take();
+    std::array<char, QuickLength> bytes;
+    if (value.size() < QuickLength && NarrowPlain(value, bytes.data()))
     {
-        std::array<char, QuickLength> bytes;
-        std::transform(value.begin(), value.end(), bytes.begin(), [](wchar_t c) { return static_cast<char>(c); });
-        bytes[value.size()] = '\0';
         attribute.set_value(bytes.data());
     }
     else
@@ -119,9 +170,34 @@ void AppendAttribute(pugi::xml_node element, const char* name, std::wstring_view
     }
 }
 
-void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_view value)
+void AttributeFiller::Number(double value)
 {
-    AppendAttribute(parent.append_child(name), "Value", value);
+    pugi::xml_attribute attribute = Take();
+    if (std::isfinite(value))
+    {
+        std::string text;
+        AppendNumberText(text, value);
+        attribute.set_value(text.c_str());
+    }
+    else
+    {
+        m_element.remove_attribute(attribute);
+    }
+}
+
+std::string EmptyElement(const char* name, std::span<const char* const> attributes)
+{
+    std::string markup = std::string("<") + name;
+    for (const char* const attribute : attributes)
+    {
+        markup += std::string(" ") + attribute + "=\"\"";
+    }
+    return markup + "/>";
+}
+
+void AppendListElement(pugi::xml_node parent, pugi::xml_node listTemplate, std::wstring_view value)
+{
+    AttributeFiller(parent.append_copy(listTemplate)).Text(value);
 }
 
 void AssignShared(SharedText& text, const char* utf8)

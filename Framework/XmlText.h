@@ -5,6 +5,7 @@
 #include <pugixml.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -32,12 +33,31 @@ private:
 /// Takes over UTF-8 as wide text; quick for the ASCII that rule files are full of.
 void AssignWide(std::wstring& text, const char* utf8);
 
-/// Appends an attribute with a wide text. Control characters that no XML file may hold
-/// become blanks.
-void AppendAttribute(pugi::xml_node element, const char* name, std::wstring_view value);
+/// Fills the attributes of a copied template one after the other.
+class AttributeFiller
+{
+public:
+    explicit AttributeFiller(pugi::xml_node element) : m_element(element), m_next(element.first_attribute()) {}
 
-/// Appends `<name Value="..."/>`, the form of one entry of a list of texts.
-void AppendListElement(pugi::xml_node parent, const char* name, std::wstring_view value);
+    /// Control characters that no XML file may hold become blanks.
+    void Text(std::wstring_view value);
+    void Ascii(const char* value) { Take().set_value(value); }
+    void Integer(std::int32_t value) { Take().set_value(value); }
+    /// A number that isn't finite takes its attribute out.
+    void Number(double value);
+
+private:
+    pugi::xml_attribute Take();
+
+    pugi::xml_node m_element;
+    pugi::xml_attribute m_next;
+};
+
+/// The markup of an element that has these attributes without values, for a template.
+std::string EmptyElement(const char* name, std::span<const char* const> attributes);
+
+/// Appends the form of one entry of a list of texts, `<name Value="..."/>`.
+void AppendListElement(pugi::xml_node parent, pugi::xml_node listTemplate, std::wstring_view value);
 
 /// Takes over UTF-8 as a shared text; one that is the same already is left shared.
 void AssignShared(SharedText& text, const char* utf8);

@@ -129,7 +129,7 @@ bool CIniFile::Save(const std::string& fileName, Records& content) const
 {
     Records grouped = content;
     IniFileText::GroupBySection(grouped);
-    if (!Platform::ReplaceFile(Platform::FromCodePage(fileName), IniFileText::FileText(grouped)))
+    if (!Platform::SaveFileWhole(Platform::FromCodePage(fileName), IniFileText::FileText(grouped)))
     {
         return false;
     }

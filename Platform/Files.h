@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -90,7 +91,10 @@ std::optional<FileBytes> ReadWholeFile(const std::wstring& path);
 /// written in place, as a plain writer would. A file that may not be written fails even
 /// if it could be replaced. False leaves the old file as it was (in-place writing apart),
 /// and no temporary file stays.
-bool ReplaceFile(const std::wstring& path, std::string_view bytes);
+bool SaveFileWhole(const std::wstring& path, std::string_view bytes);
+
+/// Same with the contents in pieces that follow one another.
+bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces);
 
 /// The folder for temporary files, with a separator at its end. Empty if there is none.
 std::wstring TemporaryFolder();

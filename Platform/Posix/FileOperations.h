@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -35,7 +36,8 @@ public:
 /// `Platform::ReadWholeFile` over these operations.
 std::optional<FileBytes> ReadWholeFileWith(FileOperations& operations, const std::string& path);
 
-/// `Platform::ReplaceFile` over these operations.
+/// `Platform::SaveFileWhole` over these operations.
+bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::span<const std::string_view> pieces);
 bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::string_view bytes);
 
 } // namespace Platform::Posix

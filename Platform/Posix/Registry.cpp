@@ -75,7 +75,7 @@ bool ChangeStore(const std::function<bool(Posix::RegistryStore&)>& change)
     }
     auto store = ReadStore();
     // A store that can't be read is left alone: writing would wipe out what it holds.
-    return store && change(*store) && ReplaceFile(StorePath(), store->Bytes());
+    return store && change(*store) && SaveFileWhole(StorePath(), store->Bytes());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Platform/Posix/FileOperations.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -99,6 +100,8 @@ std::string FolderOf(const std::string& path)
     return separator == std::string::npos ? std::string("./") : path.substr(0, separator + 1);
 }
 
+using Pieces = std::span<const std::string_view>;
+
 bool WriteAll(FileOperations& operations, int file, std::string_view bytes)
 {
     while (!bytes.empty())
@@ -128,6 +131,22 @@ bool WriteAll(FileOperations& operations, int file, std::string_view bytes)
     return true;
 }
 
+bool WriteAll(FileOperations& operations, int file, Pieces pieces)
+{
+    return std::all_of(pieces.begin(), pieces.end(),
+                       [&](std::string_view piece) { return WriteAll(operations, file, piece); });
+}
+
+off_t SizeOf(Pieces pieces)
+{
+    off_t size = 0;
+    for (const std::string_view piece : pieces)
+    {
+        size += static_cast<off_t>(piece.size());
+    }
+    return size;
+}
+
 bool Flush(FileOperations& operations, int file)
 {
     // What can't be flushed at all, like a device, is as safe as it gets.
@@ -136,7 +155,7 @@ bool Flush(FileOperations& operations, int file)
 
 /// Writes the contents over what the file holds. `regular` tells whether there is
 /// something to cut off behind them.
-bool WriteInPlace(FileOperations& operations, const std::string& path, std::string_view bytes, bool regular)
+bool WriteInPlace(FileOperations& operations, const std::string& path, Pieces pieces, bool regular)
 {
     const PipeSignalGuard guard;
     const int file = operations.Open(path, O_WRONLY | O_NOCTTY | O_CLOEXEC | (regular ? 0 : O_NONBLOCK), 0);
@@ -145,14 +164,15 @@ bool WriteInPlace(FileOperations& operations, const std::string& path, std::stri
         return false;
     }
     bool good = true;
-    if (regular && !bytes.empty())
+    const off_t size = SizeOf(pieces);
+    if (regular && size != 0)
     {
         // A full disk shows itself here, while the old contents are still whole.
-        const bool reserved = operations.Reserve(file, static_cast<off_t>(bytes.size())) == 0;
+        const bool reserved = operations.Reserve(file, size) == 0;
         good = reserved || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
     }
-    good = good && WriteAll(operations, file, bytes);
-    good = good && (!regular || operations.Truncate(file, static_cast<off_t>(bytes.size())) == 0);
+    good = good && WriteAll(operations, file, pieces);
+    good = good && (!regular || operations.Truncate(file, size) == 0);
     good = good && Flush(operations, file);
     return operations.Close(file) == 0 && good;
 }
@@ -240,7 +260,7 @@ bool KeepPermissions(FileOperations& operations, int file, const struct stat& ol
 /// Puts the contents into a new file and that into the place of `target`. `old` is null
 /// if there is no such file yet.
 Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, const struct stat* old,
-                         std::string_view bytes)
+                         Pieces pieces)
 {
     const std::string folder = FolderOf(target);
     // Nobody else may read the contents before the permissions are those of the old file.
@@ -254,7 +274,7 @@ Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, 
     {
         return Outcome::NotPossibleHere;
     }
-    if (!WriteAll(operations, temporary.File(), bytes) || !Flush(operations, temporary.File()) || !temporary.Close())
+    if (!WriteAll(operations, temporary.File(), pieces) || !Flush(operations, temporary.File()) || !temporary.Close())
     {
         return Outcome::Failed;
     }
@@ -279,6 +299,11 @@ Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, 
 
 bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::string_view bytes)
 {
+    return ReplaceFileWith(operations, path, Pieces(&bytes, 1));
+}
+
+bool ReplaceFileWith(FileOperations& operations, const std::string& path, Pieces pieces)
+{
     const std::string target = FollowLinks(path);
     if (target.empty())
     {
@@ -296,14 +321,14 @@ bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::s
     }
     if (exists && !S_ISREG(old.st_mode))
     {
-        return WriteInPlace(operations, target, bytes, false);
+        return WriteInPlace(operations, target, pieces, false);
     }
-    switch (ReplaceByNewFile(operations, target, exists ? &old : nullptr, bytes))
+    switch (ReplaceByNewFile(operations, target, exists ? &old : nullptr, pieces))
     {
     case Outcome::Done:
         return true;
     case Outcome::NotPossibleHere:
-        return exists && WriteInPlace(operations, target, bytes, true);
+        return exists && WriteInPlace(operations, target, pieces, true);
     case Outcome::Failed:
         break;
     }
@@ -315,10 +340,15 @@ bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::s
 namespace Platform
 {
 
-bool ReplaceFile(const std::wstring& path, std::string_view bytes)
+bool SaveFileWhole(const std::wstring& path, std::string_view bytes)
+{
+    return SaveFileWhole(path, std::span(&bytes, 1));
+}
+
+bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces)
 {
     Posix::FileOperations operations;
-    return Posix::ReplaceFileWith(operations, NativePath(path).native(), bytes);
+    return Posix::ReplaceFileWith(operations, NativePath(path).native(), pieces);
 }
 
 } // namespace Platform

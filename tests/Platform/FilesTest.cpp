@@ -164,7 +164,7 @@ TEST(FileBytesTest, DetachedStorageIsTheCallers)
 TEST(ReplaceFileTest, MakesAFileThatIsMissing)
 {
     const ::TemporaryFolder folder;
-    EXPECT_TRUE(ReplaceFile(folder.File(L"a"), "new"));
+    EXPECT_TRUE(SaveFileWhole(folder.File(L"a"), "new"));
     EXPECT_EQ(ReadBytes(folder.File(L"a")), "new");
     EXPECT_EQ(CountEntries(folder.Path()), 1u);
 }
@@ -173,9 +173,9 @@ TEST(ReplaceFileTest, ReplacesLongerByShorterAndLeavesNothingBeside)
 {
     const ::TemporaryFolder folder;
     WriteBytes(folder.File(L"a"), "a much longer text");
-    EXPECT_TRUE(ReplaceFile(folder.File(L"a"), "new"));
+    EXPECT_TRUE(SaveFileWhole(folder.File(L"a"), "new"));
     EXPECT_EQ(ReadBytes(folder.File(L"a")), "new");
-    EXPECT_TRUE(ReplaceFile(folder.File(L"a"), ""));
+    EXPECT_TRUE(SaveFileWhole(folder.File(L"a"), ""));
     EXPECT_EQ(ReadBytes(folder.File(L"a")), "");
     EXPECT_EQ(CountEntries(folder.Path()), 1u);
 }
@@ -184,7 +184,7 @@ TEST(ReplaceFileTest, FolderCantBeReplaced)
 {
     const ::TemporaryFolder folder;
     ASSERT_TRUE(MakeFolder(folder.File(L"a")));
-    EXPECT_FALSE(ReplaceFile(folder.File(L"a"), "new"));
+    EXPECT_FALSE(SaveFileWhole(folder.File(L"a"), "new"));
     EXPECT_TRUE(FolderExists(folder.File(L"a")));
     EXPECT_EQ(CountEntries(folder.Path()), 1u);
 }
@@ -192,16 +192,16 @@ TEST(ReplaceFileTest, FolderCantBeReplaced)
 TEST(ReplaceFileTest, MissingFolderIsNotMade)
 {
     const ::TemporaryFolder folder;
-    EXPECT_FALSE(ReplaceFile(folder.File(L"none") + PathSeparator + L"a", "new"));
+    EXPECT_FALSE(SaveFileWhole(folder.File(L"none") + PathSeparator + L"a", "new"));
     EXPECT_FALSE(PathExists(folder.File(L"none")));
-    EXPECT_FALSE(ReplaceFile(L"", "new"));
+    EXPECT_FALSE(SaveFileWhole(L"", "new"));
 }
 
 TEST(ReplaceFileTest, NameBeyondAsciiIsTheRightFile)
 {
     const ::TemporaryFolder folder;
     const std::wstring path = folder.File(L"R\u00E8gle \u65E5\u672C.vrf");
-    EXPECT_TRUE(ReplaceFile(path, "new"));
+    EXPECT_TRUE(SaveFileWhole(path, "new"));
     const auto read = ReadWholeFile(path);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->View(), "new");

@@ -140,12 +140,12 @@ TEST_P(RuleModuleTest, ParametersAreCompleteAndValidAsMade)
         std::set<std::wstring> names;
         for (const CQoxParamStorage& parameter : rule->Parameters())
         {
-            SCOPED_TRACE(testing::PrintToString(rule->m_strRuleName + L"." + parameter.strName));
+            SCOPED_TRACE(testing::PrintToString(rule->m_strRuleName + L"." + parameter.strName.Get()));
             EXPECT_TRUE(numbers.insert(parameter.nNumber).second);
             EXPECT_TRUE(names.insert(parameter.strName).second);
             EXPECT_FALSE(parameter.strName.empty());
             EXPECT_FALSE(parameter.strLabel.empty());
-            EXPECT_TRUE(parameter.strHelp.ends_with(L"."));
+            EXPECT_TRUE(parameter.strHelp.Get().ends_with(L"."));
             EXPECT_TRUE(parameter.IsValid());
             EXPECT_TRUE(parameter.IsDefault());
             if (parameter.IsNumeric())

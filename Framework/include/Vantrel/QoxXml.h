@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+class QoxXMLListWriter;
 class QoxXMLNode;
 class QoxXMLNodeList;
 
@@ -117,4 +118,30 @@ private:
     struct Entries;
     std::unique_ptr<Entries> m_entries;
     friend struct VantrelXml::NodeAccess;
+};
+
+/// Saves a document whose root has very many children without ever holding them all: each is
+/// turned into text as it is added. The file is the one that `QoxXMLDocument::Save` would
+/// write. Attributes may be added to the root until it is saved.
+class VANTREL_API QoxXMLListWriter
+{
+public:
+    /// `root` has no children of its own and must outlive the writer.
+    explicit QoxXMLListWriter(QoxXMLNode& root);
+    ~QoxXMLListWriter();
+    QoxXMLListWriter(const QoxXMLListWriter&) = delete;
+    QoxXMLListWriter& operator=(const QoxXMLListWriter&) = delete;
+
+    /// Takes a free element as the next child. Nothing may be done with the element
+    /// afterwards but delete the object.
+    void Append(QoxXMLNode& child);
+
+    /// Writes the file whole, or leaves it as it was and gives false.
+    bool Save(const std::wstring& path);
+    bool Save1(const char* path);
+
+private:
+    struct Blocks;
+    QoxXMLNode& m_root;
+    std::unique_ptr<Blocks> m_blocks;
 };

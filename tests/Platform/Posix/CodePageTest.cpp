@@ -77,7 +77,7 @@ TEST_F(NarrowLocaleTest, PathInTheCodePageIsItsBytes)
 TEST_F(NarrowLocaleTest, PathThatTheCodePageLacksNamesNoFileRatherThanAnother)
 {
     EXPECT_EQ(Posix::PathBytes(L"/tmp/\u65E5"), "");
-    EXPECT_FALSE(ReplaceFile(m_folder.File(L"\u65E5"), "x"));
+    EXPECT_FALSE(SaveFileWhole(m_folder.File(L"\u65E5"), "x"));
     EXPECT_FALSE(PathExists(m_folder.File(L"?")));
 }
 
@@ -96,7 +96,7 @@ TEST(AsciiLocaleTest, PathsKeepAllTheirCharacters)
     EXPECT_EQ(Posix::PathBytes(L"/R\u00E8gle \u65E5"), "/R\xC3\xA8gle \xE6\x97\xA5");
     EXPECT_EQ(Posix::PathText("/R\xC3\xA8gle \xE6\x97\xA5"), L"/R\u00E8gle \u65E5");
     const ::TemporaryFolder folder;
-    EXPECT_TRUE(ReplaceFile(folder.File(L"\u65E5"), "x"));
+    EXPECT_TRUE(SaveFileWhole(folder.File(L"\u65E5"), "x"));
     EXPECT_TRUE(FileExists(folder.File(L"\u65E5")));
 }
 

@@ -256,7 +256,7 @@ TEST_F(ReplaceFileFaultTest, OwnerIsKept)
         GTEST_SKIP() << "only the administrator can make another's file";
     }
     ASSERT_EQ(::chown(m_native.c_str(), 12345, 23456), 0);
-    EXPECT_TRUE(ReplaceFile(m_path, "new"));
+    EXPECT_TRUE(SaveFileWhole(m_path, "new"));
     struct stat status = {};
     ASSERT_EQ(::stat(m_native.c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, 12345u);
@@ -268,7 +268,7 @@ TEST_F(ReplaceFileFaultTest, PermissionsAreKept)
     for (const mode_t mode : { 0600, 0640, 0666, 0755 })
     {
         ASSERT_EQ(::chmod(m_native.c_str(), mode), 0);
-        EXPECT_TRUE(ReplaceFile(m_path, "new"));
+        EXPECT_TRUE(SaveFileWhole(m_path, "new"));
         struct stat status = {};
         ASSERT_EQ(::stat(m_native.c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, mode);
@@ -278,7 +278,7 @@ TEST_F(ReplaceFileFaultTest, PermissionsAreKept)
 TEST_F(ReplaceFileFaultTest, NewFileHasThePermissionsOfAPlainWriter)
 {
     const mode_t before = ::umask(027);
-    EXPECT_TRUE(ReplaceFile(m_folder.File(L"new.vrf"), "x"));
+    EXPECT_TRUE(SaveFileWhole(m_folder.File(L"new.vrf"), "x"));
     ::umask(before);
     struct stat status = {};
     ASSERT_EQ(::stat(NativePath(m_folder.File(L"new.vrf")).c_str(), &status), 0);
@@ -292,7 +292,7 @@ TEST_F(ReplaceFileFaultTest, LinksAreFollowedAndStay)
     const std::wstring twice = m_folder.File(L"links/twice.vrf");
     std::filesystem::create_symlink("../rules.vrf", NativePath(direct));
     std::filesystem::create_symlink(NativePath(direct), NativePath(twice));
-    EXPECT_TRUE(ReplaceFile(twice, "through two links"));
+    EXPECT_TRUE(SaveFileWhole(twice, "through two links"));
     EXPECT_EQ(ReadBytes(m_path), "through two links");
     EXPECT_TRUE(std::filesystem::is_symlink(NativePath(twice)));
     EXPECT_TRUE(std::filesystem::is_symlink(NativePath(direct)));
@@ -301,7 +301,7 @@ TEST_F(ReplaceFileFaultTest, LinksAreFollowedAndStay)
 TEST_F(ReplaceFileFaultTest, LinkToNothingYetMakesItsTarget)
 {
     std::filesystem::create_symlink("later.vrf", NativePath(m_folder.File(L"link")));
-    EXPECT_TRUE(ReplaceFile(m_folder.File(L"link"), "x"));
+    EXPECT_TRUE(SaveFileWhole(m_folder.File(L"link"), "x"));
     EXPECT_EQ(ReadBytes(m_folder.File(L"later.vrf")), "x");
     EXPECT_TRUE(std::filesystem::is_symlink(NativePath(m_folder.File(L"link"))));
 }
@@ -310,14 +310,14 @@ TEST_F(ReplaceFileFaultTest, LinksInACircleFail)
 {
     std::filesystem::create_symlink("two", NativePath(m_folder.File(L"one")));
     std::filesystem::create_symlink("one", NativePath(m_folder.File(L"two")));
-    EXPECT_FALSE(ReplaceFile(m_folder.File(L"one"), "x"));
+    EXPECT_FALSE(SaveFileWhole(m_folder.File(L"one"), "x"));
     EXPECT_EQ(CountEntries(), 3u);
 }
 
 TEST_F(ReplaceFileFaultTest, DeviceIsWrittenInPlace)
 {
     std::filesystem::create_symlink("/dev/null", NativePath(m_folder.File(L"null")));
-    EXPECT_TRUE(ReplaceFile(m_folder.File(L"null"), "x"));
+    EXPECT_TRUE(SaveFileWhole(m_folder.File(L"null"), "x"));
     struct stat status = {};
     ASSERT_EQ(::stat("/dev/null", &status), 0);
     EXPECT_TRUE(S_ISCHR(status.st_mode));
@@ -329,7 +329,7 @@ TEST_F(ReplaceFileFaultTest, PipeIsWrittenToItsReader)
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
     ASSERT_GE(reader, 0);
-    EXPECT_TRUE(ReplaceFile(m_folder.File(L"pipe"), "through"));
+    EXPECT_TRUE(SaveFileWhole(m_folder.File(L"pipe"), "through"));
     char read[16] = {};
     EXPECT_EQ(::read(reader, read, sizeof(read)), 7);
     EXPECT_STREQ(read, "through");
@@ -340,7 +340,7 @@ TEST_F(ReplaceFileFaultTest, PipeWithoutAReaderFailsAndDoesNotBlock)
 {
     const std::string pipe = NativePath(m_folder.File(L"pipe")).native();
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(ReplaceFile(m_folder.File(L"pipe"), "x"));
+    EXPECT_FALSE(SaveFileWhole(m_folder.File(L"pipe"), "x"));
     EXPECT_FALSE(ReadWholeFile(m_folder.File(L"pipe")));
 }
 
@@ -374,7 +374,7 @@ TEST_F(ReplaceFileFaultTest, FileThatMayNotBeWrittenFailsThoughItsFolderMay)
         // The one who tries owns the file, so that only its permissions are in the way.
         ASSERT_EQ(::chown(m_native.c_str(), UserWithoutPrivileges, UserWithoutPrivileges), 0);
     }
-    EXPECT_TRUE(RunWithoutPrivileges([this] { return !ReplaceFile(m_path, "x") && CountEntries() == 1; }));
+    EXPECT_TRUE(RunWithoutPrivileges([this] { return !SaveFileWhole(m_path, "x") && CountEntries() == 1; }));
     EXPECT_EQ(ReadBytes(m_path), "the old contents");
 }
 
@@ -382,8 +382,8 @@ TEST_F(ReplaceFileFaultTest, WritableFileInAFolderThatMayNotBeWrittenIsWrittenIn
 {
     ASSERT_EQ(::chmod(NativePath(m_folder.Path()).c_str(), 0555), 0);
     ASSERT_EQ(::chmod(m_native.c_str(), 0666), 0);
-    EXPECT_TRUE(RunWithoutPrivileges([this] { return ReplaceFile(m_path, "short"); }));
-    EXPECT_TRUE(RunWithoutPrivileges([this] { return !ReplaceFile(m_folder.File(L"new.vrf"), "x"); }));
+    EXPECT_TRUE(RunWithoutPrivileges([this] { return SaveFileWhole(m_path, "short"); }));
+    EXPECT_TRUE(RunWithoutPrivileges([this] { return !SaveFileWhole(m_folder.File(L"new.vrf"), "x"); }));
     EXPECT_EQ(ReadBytes(m_path), "short");
     ASSERT_EQ(::chmod(NativePath(m_folder.Path()).c_str(), 0755), 0);
     EXPECT_EQ(CountEntries(), 1u);
