@@ -14,9 +14,9 @@ enum class ShellCommand
 struct CommandLine
 {
     ShellCommand shellCommand = ShellCommand::New;
-    std::wstring fileName;      ///< As typed; empty if none was named.
-    bool runEmbedded = false;   ///< Started as an automation server for a document in another.
-    bool runAutomated = false;  ///< Started as an automation server.
+    std::wstring fileName;     ///< As typed; empty if none was named.
+    bool runEmbedded = false;  ///< Started as an automation server for a document in another.
+    bool runAutomated = false; ///< Started as an automation server.
 
     bool IsServerStart() const { return runEmbedded || runAutomated; }
 };

@@ -53,9 +53,8 @@ bool RuleTable::Remove(const CQoxRule* rule)
     }
     // Its index nearly always tells its place.
     const std::size_t guess = static_cast<std::size_t>(std::max(rule->m_nTreeIndex, 1) - 1);
-    auto found = guess < m_rules.size() && m_rules[guess] == rule
-                     ? m_rules.begin() + static_cast<std::ptrdiff_t>(guess)
-                     : std::find(m_rules.begin(), m_rules.end(), rule);
+    auto found = guess < m_rules.size() && m_rules[guess] == rule ? m_rules.begin() + static_cast<std::ptrdiff_t>(guess)
+                                                                  : std::find(m_rules.begin(), m_rules.end(), rule);
     if (found == m_rules.end())
     {
         return false;

@@ -18,4 +18,5 @@ std::wstring UserDefinedRuleFilePath();
 
 /// Rewrites the file of user-defined rules after a change. `name` is the name that the rule
 /// had before an Edit. A null rule or a path that can't be told in bytes does nothing.
-void ChangeRuleInUserFile(const std::wstring& filePath, CQoxRule* rule, UserRuleChange change, const std::wstring& name);
+void ChangeRuleInUserFile(const std::wstring& filePath, CQoxRule* rule, UserRuleChange change,
+                          const std::wstring& name);

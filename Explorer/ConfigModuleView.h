@@ -69,7 +69,7 @@ private:
 
     static IViewFrames* s_frames; // owned by the program
 
-    wxPanel* m_form = nullptr;                   // these four are owned by the window system
+    wxPanel* m_form = nullptr; // these four are owned by the window system
     CQOXRMListCtrlEx* m_ruleList = nullptr;
     wxStaticText* m_summaryLabel = nullptr;
     wxListCtrl* m_summaryList = nullptr;

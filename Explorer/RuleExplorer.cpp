@@ -218,8 +218,8 @@ void RuleExplorer::MarkSingleSelection()
 
 void RuleExplorer::ShowCounts()
 {
-    m_window.SetStatus(
-        FormatText(TextId::RuleCount, { std::to_wstring(m_document.Rules().Size()), std::to_wstring(m_rows.RowCount()) }));
+    m_window.SetStatus(FormatText(TextId::RuleCount,
+                                  { std::to_wstring(m_document.Rules().Size()), std::to_wstring(m_rows.RowCount()) }));
 }
 
 void RuleExplorer::ShowRuleSummary()

@@ -122,8 +122,8 @@ void SetXMLDoc2(QoxXMLDocument* document)
 
 void CQOXFrameWrkUtils::GetRuleCategoryStringList(std::vector<std::wstring>& categories)
 {
-    categories = { L"Assembly", L"Bends", L"Casting", L"Draft",  L"Features", L"General", L"Holes",
-                   L"Milling",  L"Ribs",  L"Sheet metal", L"Tolerances", L"Turning", L"Walls", L"Welding" };
+    categories = { L"Assembly", L"Bends", L"Casting",     L"Draft",      L"Features", L"General", L"Holes",
+                   L"Milling",  L"Ribs",  L"Sheet metal", L"Tolerances", L"Turning",  L"Walls",   L"Welding" };
 }
 
 IDatabaseCollector::~IDatabaseCollector() = default;

@@ -8,7 +8,7 @@ namespace
 {
 
 // In the order of ParamKind.
-constexpr std::array<std::string_view, 7> KindNames = { "length", "angle", "number", "integer",
+constexpr std::array<std::string_view, 7> KindNames = { "length", "angle",  "number", "integer",
                                                         "yesno",  "choice", "text" };
 
 } // namespace

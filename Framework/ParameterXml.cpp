@@ -124,8 +124,7 @@ void ParameterXml::Append(const CQoxParamStorage& parameter, pugi::xml_node rule
                           const VantrelXml::ElementTemplates& templates)
 {
     const bool numeric = parameter.IsNumeric();
-    const pugi::xml_node element =
-        rule.append_copy(numeric ? templates.numericParameter : templates.textParameter);
+    const pugi::xml_node element = rule.append_copy(numeric ? templates.numericParameter : templates.textParameter);
     VantrelXml::AttributeFiller filler(element);
     filler.Integer(parameter.nNumber);
     filler.Text(parameter.strName.Get());

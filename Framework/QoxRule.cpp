@@ -114,8 +114,9 @@ CQoxRule& CQoxRule::operator=(CQoxRule* rule)
 
 CQoxParamStorage* CQoxRule::FindParameterInArray(long number)
 {
-    const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
-                                    [number](const CQoxParamStorage& parameter) { return parameter.nNumber == number; });
+    const auto found =
+        std::find_if(m_parameters.begin(), m_parameters.end(),
+                     [number](const CQoxParamStorage& parameter) { return parameter.nNumber == number; });
     return found != m_parameters.end() ? &*found : nullptr;
 }
 

@@ -3,7 +3,6 @@
 #include "Framework/CurrentDocument.h"
 #include "Framework/XmlState.h"
 #include "Framework/XmlText.h"
-#include "Framework/XmlText.h"
 #include "Platform/Files.h"
 #include "Platform/Text.h"
 

@@ -27,7 +27,8 @@ IRuleDatabase* OpenRuleDatabase(const std::list<std::wstring>& databaseModules)
         {
             continue;
         }
-        const auto open = reinterpret_cast<GetDbInterfaceFunction>(Platform::FindLibrarySymbol(library, "GetDbInterface"));
+        const auto open =
+            reinterpret_cast<GetDbInterfaceFunction>(Platform::FindLibrarySymbol(library, "GetDbInterface"));
         if (open != nullptr && Platform::FindLibrarySymbol(library, "DeleteDbInterface") != nullptr)
         {
             if (IRuleDatabase* const database = open())

@@ -176,11 +176,10 @@ const VantrelXml::ElementTemplates& RuleXml::TemplatesOf(VantrelXml::DocumentSta
         return templates;
     }
     constexpr std::array listAttributes = { "Value" };
-    const std::string markup = VantrelXml::EmptyElement("Rule", AttributeNames) +
-                               VantrelXml::EmptyElement("Category", listAttributes) +
-                               VantrelXml::EmptyElement("Reference", listAttributes) +
-                               VantrelXml::EmptyElement("Choice", listAttributes) + ParameterXml::NumericTemplate() +
-                               ParameterXml::TextTemplate();
+    const std::string markup =
+        VantrelXml::EmptyElement("Rule", AttributeNames) + VantrelXml::EmptyElement("Category", listAttributes) +
+        VantrelXml::EmptyElement("Reference", listAttributes) + VantrelXml::EmptyElement("Choice", listAttributes) +
+        ParameterXml::NumericTemplate() + ParameterXml::TextTemplate();
     // Names are shared within a document only, and only those that were parsed.
     pugi::xml_node holder = state.document.append_child("templates");
     holder.append_buffer(markup.data(), markup.size());

@@ -11,7 +11,7 @@ namespace VantrelXml
 class UnknownParts;
 struct DocumentState;
 struct ElementTemplates;
-}
+} // namespace VantrelXml
 
 /// The `Rule` element of rule files, held against `CQoxRule`.
 class RuleXml

@@ -21,7 +21,8 @@ std::unique_ptr<std::ofstream> logFile;
 std::string LocalTimeText()
 {
     const auto now = std::chrono::system_clock::now();
-    const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
+    const auto milliseconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
     const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
     const std::tm local = *std::localtime(&seconds);
     std::array<char, 64> text;
@@ -59,8 +60,9 @@ void CVantrelLog::PrintMessage(const std::wstring& text, const char* sourceFile,
     const std::size_t textStart = entry.size();
     entry += Platform::WideToUtf8(text);
     // One line an entry, whatever a file name or rule name brings along.
-    std::replace_if(entry.begin() + static_cast<std::ptrdiff_t>(textStart), entry.end(),
-                    [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    std::replace_if(
+        entry.begin() + static_cast<std::ptrdiff_t>(textStart), entry.end(),
+        [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
     entry += '\n';
     *logFile << entry << std::flush;
 }

@@ -38,7 +38,8 @@ struct DocumentState
 struct NodeAccess
 {
     static QoxXMLNode* MakeNode(std::shared_ptr<DocumentState> state, pugi::xml_node node);
-    static QoxXMLNodeList* MakeList(const std::shared_ptr<DocumentState>& state, pugi::xml_node parent, const char* name);
+    static QoxXMLNodeList* MakeList(const std::shared_ptr<DocumentState>& state, pugi::xml_node parent,
+                                    const char* name);
     static pugi::xml_node NodeOf(const QoxXMLNode& node);
     static const std::shared_ptr<DocumentState>& StateOf(const QoxXMLNode& node);
     static const std::shared_ptr<DocumentState>& StateOf(const QoxXMLDocument& document);

@@ -15,8 +15,10 @@ struct Entry
 // The program's own texts, in the order of their numbers.
 constexpr std::array Entries = {
     Entry{ TextId::ApplicationTitle, L"Vantrel Rule Manager" },
-    Entry{ TextId::AutomationFailed, L"OLE initialization failed. Make sure that the OLE libraries are the right version." },
-    Entry{ TextId::FileOnCommandLineMissing, L"The rule file \"%1\" does not exist. A new document is opened instead." },
+    Entry{ TextId::AutomationFailed,
+           L"OLE initialization failed. Make sure that the OLE libraries are the right version." },
+    Entry{ TextId::FileOnCommandLineMissing,
+           L"The rule file \"%1\" does not exist. A new document is opened instead." },
     Entry{ TextId::NoDatabaseModule,
            L"No rule database module is loaded, so the rule modules can't offer their rules. Check the section "
            L"RULE_DATABASE_MODULES of ConfigModule.ini." },
@@ -38,7 +40,8 @@ constexpr std::array Entries = {
     Entry{ TextId::ProtectedFileNotSaved,
            L"\"%1\" is protected by a password, and this version can't keep the password when it saves. Nothing was "
            L"written; the file is as it was." },
-    Entry{ TextId::FileNotSaved, L"\"%1\" could not be saved: the file or its folder can't be written to. The file is as it was." },
+    Entry{ TextId::FileNotSaved,
+           L"\"%1\" could not be saved: the file or its folder can't be written to. The file is as it was." },
     Entry{ TextId::FileNotOpened, L"\"%1\" could not be opened: it can't be read, or it is not a rule file." },
     Entry{ TextId::PackageNotImported, L"\"%1\" was not imported: this version can't import script rule packages." },
     Entry{ TextId::MenuFile, L"&File" },

@@ -25,8 +25,8 @@ std::wstring StagedLibrary(const wchar_t* name)
 std::string MakeFolder()
 {
     const std::filesystem::path parent = std::filesystem::is_directory(MemoryFolder)
-                                             ? std::filesystem::path(MemoryFolder)
-                                             : std::filesystem::temp_directory_path();
+                                           ? std::filesystem::path(MemoryFolder)
+                                           : std::filesystem::temp_directory_path();
     const std::filesystem::path folder = parent / ("vantrel-bench-" + std::to_string(std::random_device()()));
     std::filesystem::create_directory(folder);
     return (folder / "").string();

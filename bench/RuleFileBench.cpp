@@ -151,8 +151,7 @@ void LoadRuleFileWithLog(benchmark::State& state)
         double ours = 0;
         LoadFile(application, path, count, [&ours](auto&& load) { ours = SecondsOf(load); });
         CVantrelLog::CloseLogFile();
-        pairs.Add(ours, SecondsOf(
-                            [&] { benchmark::DoNotOptimize(pugi::xml_document().load_file(path.c_str())); }));
+        pairs.Add(ours, SecondsOf([&] { benchmark::DoNotOptimize(pugi::xml_document().load_file(path.c_str())); }));
         state.SetIterationTime(ours);
     }
     pairs.Report(state, medians);
@@ -177,8 +176,7 @@ void WriteRuleFile(benchmark::State& state)
         const double ours = SecondsOf([&] { benchmark::DoNotOptimize(record.WriteRuleFile(ourPath)); });
         bool saved = false;
         const double baseline = SecondsOf(
-            [&]
-            { saved = document.save_file(theirPath.c_str(), "  ", pugi::format_indent, pugi::encoding_utf8); });
+            [&] { saved = document.save_file(theirPath.c_str(), "  ", pugi::format_indent, pugi::encoding_utf8); });
         Require(saved, "the library can't write the file");
         pairs.Add(ours, baseline);
         state.SetIterationTime(ours);

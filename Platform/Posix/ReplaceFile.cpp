@@ -259,8 +259,7 @@ bool KeepPermissions(FileOperations& operations, int file, const struct stat& ol
 
 /// Puts the contents into a new file and that into the place of `target`. `old` is null
 /// if there is no such file yet.
-Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, const struct stat* old,
-                         Pieces pieces)
+Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, const struct stat* old, Pieces pieces)
 {
     const std::string folder = FolderOf(target);
     // Nobody else may read the contents before the permissions are those of the old file.

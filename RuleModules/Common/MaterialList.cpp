@@ -26,7 +26,8 @@ MaterialList ReadDatabase(const std::list<std::wstring>& databaseModules, std::w
     std::list<std::wstring> names;
     database->GetMaterialNames(std::wstring(group), names);
     MaterialList list;
-    list.names = std::vector<std::wstring>(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
+    list.names =
+        std::vector<std::wstring>(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
     list.fromDatabase = !list.names.empty();
     return list;
 }

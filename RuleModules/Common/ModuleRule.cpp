@@ -129,8 +129,8 @@ void ModuleRule::InitializeParamStorage()
         if (parameter.eKind == ParamKind::Choice)
         {
             parameter.choices = m_materials->names;
-            const bool known = std::find(parameter.choices.begin(), parameter.choices.end(), parameter.strDefault.Get()) !=
-                               parameter.choices.end();
+            const bool known = std::find(parameter.choices.begin(), parameter.choices.end(),
+                                         parameter.strDefault.Get()) != parameter.choices.end();
             if (!known && !parameter.choices.empty())
             {
                 // Whoever has a database of their own materials starts with one of those.

@@ -122,8 +122,7 @@ constexpr std::array MouldSteel = {
 };
 
 constexpr std::array Rules = {
-    RuleDefinition{ L"MouldWallThickness", L"Wall Thickness", L"Walls",
-                    L"Finds walls that are too thin or too thick.",
+    RuleDefinition{ L"MouldWallThickness", L"Wall Thickness", L"Walls", L"Finds walls that are too thin or too thick.",
                     L"Thin walls freeze before the cavity is full. Thick ones take long to cool, and show sink marks "
                     L"and voids. What is right depends on the material.",
                     5, L"mould_wall_thickness.htm", WallThickness },
@@ -132,8 +131,7 @@ constexpr std::array Rules = {
                     L"Thick and thin regions shrink at different times and by different amounts, so the part warps. "
                     L"Where the thickness must change, it should do so over some length.",
                     4, L"mould_wall_variation.htm", WallVariation },
-    RuleDefinition{ L"MouldDraftAngles", L"Minimum Draft", L"Draft",
-                    L"Finds walls without enough draft.",
+    RuleDefinition{ L"MouldDraftAngles", L"Minimum Draft", L"Draft", L"Finds walls without enough draft.",
                     L"A part shrinks onto the core. Without draft it drags along the steel over the whole stroke, is "
                     L"scratched, and may stick.",
                     5, L"mould_draft_angles.htm", DraftAngles },
@@ -162,8 +160,7 @@ constexpr std::array Rules = {
                     L"Sharp inner corners concentrate stress and hinder the flow. The outer radius should follow the "
                     L"inner one, so that the wall is as thick in the corner as beside it.",
                     4, L"mould_corner_radii.htm", CornerRadii },
-    RuleDefinition{ L"MouldCorePins", L"Hole Depth", L"Holes",
-                    L"Finds holes that are deep for their diameter.",
+    RuleDefinition{ L"MouldCorePins", L"Hole Depth", L"Holes", L"Finds holes that are deep for their diameter.",
                     L"A hole is made by a pin. One that is held at one end only bends under the pressure of the "
                     L"melt, so blind holes must be shorter than through holes.",
                     3, L"mould_core_pins.htm", CorePins },

@@ -7,10 +7,10 @@ namespace
 
 using namespace std::string_view_literals;
 
-constexpr std::array Categories = { L"Pockets"sv, L"Fillets and Chamfers"sv, L"Walls"sv,
-                                    L"Holes"sv,   L"Threads"sv,              L"Tool Access"sv };
+constexpr std::array Categories = { L"Pockets"sv, L"Fillets and Chamfers"sv, L"Walls"sv, L"Holes"sv,
+                                    L"Threads"sv, L"Tool Access"sv };
 
-constexpr std::array BuiltInMaterials = { L"42CrMo4"sv,       L"C45"sv,      L"CuZn39Pb3"sv, L"EN AW-6082-T6"sv,
+constexpr std::array BuiltInMaterials = { L"42CrMo4"sv,       L"C45"sv,       L"CuZn39Pb3"sv,  L"EN AW-6082-T6"sv,
                                           L"EN AW-7075-T6"sv, L"Ti-6Al-4V"sv, L"X5CrNi18-10"sv };
 
 constexpr auto UsualMaterial = L"EN AW-6082-T6"sv;
@@ -120,8 +120,7 @@ constexpr std::array SetUps = {
 };
 
 constexpr std::array Rules = {
-    RuleDefinition{ L"MillDeepPockets", L"Deep Pockets", L"Pockets",
-                    L"Finds pockets that are deep for their width.",
+    RuleDefinition{ L"MillDeepPockets", L"Deep Pockets", L"Pockets", L"Finds pockets that are deep for their width.",
                     L"Deep, narrow pockets need long, slender cutters, which bend and chatter. The depth of a pocket "
                     L"is compared with its smallest width.",
                     4, L"mill_deep_pockets.htm", DeepPockets },
@@ -145,8 +144,7 @@ constexpr std::array Rules = {
                     L"Thin walls spring back under the cutting force. They lose their size, show chatter marks and "
                     L"warp when the part is taken from the vice.",
                     4, L"mill_thin_walls.htm", ThinWalls },
-    RuleDefinition{ L"MillDeepHoles", L"Deep Holes", L"Holes",
-                    L"Finds holes that are deep for their diameter.",
+    RuleDefinition{ L"MillDeepHoles", L"Deep Holes", L"Holes", L"Finds holes that are deep for their diameter.",
                     L"Beyond some diameters of depth chips clog the flutes and the drill wanders. Such holes need "
                     L"pecking or special drills, which cost time.",
                     3, L"mill_deep_holes.htm", DeepHoles },

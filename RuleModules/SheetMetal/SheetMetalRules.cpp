@@ -10,8 +10,8 @@ using namespace std::string_view_literals;
 constexpr std::array Categories = { L"Bends"sv,    L"Flanges"sv, L"Reliefs"sv,
                                     L"Cut-outs"sv, L"Holes"sv,   L"Hems and Curls"sv };
 
-constexpr std::array BuiltInMaterials = { L"CuZn37 sheet"sv,     L"DC01"sv, L"DX51D+Z"sv,
-                                          L"EN AW-5754-H22"sv, L"X5CrNi18-10 sheet"sv };
+constexpr std::array BuiltInMaterials = { L"CuZn37 sheet"sv, L"DC01"sv, L"DX51D+Z"sv, L"EN AW-5754-H22"sv,
+                                          L"X5CrNi18-10 sheet"sv };
 
 constexpr auto UsualMaterial = L"DC01"sv;
 
@@ -42,8 +42,7 @@ constexpr std::array FlangeLengths = {
 };
 
 constexpr std::array BendReliefs = {
-    YesNoParam(1, L"Required", L"Relief required", true,
-               L"Reports bends that end inside an edge without a relief."),
+    YesNoParam(1, L"Required", L"Relief required", true, L"Reports bends that end inside an edge without a relief."),
     NumberParam(2, L"MinimumWidthRatio", L"Minimum width to thickness ratio", { 1, 0.1, 5 },
                 L"Smallest allowed width of a relief, divided by the thickness."),
     LengthParam(3, L"MinimumExtraDepth", L"Minimum extra depth", { 0.5, 0, 20 },
@@ -139,8 +138,7 @@ constexpr std::array Rules = {
                     L"Without a relief the sheet tears where the bent part meets the flat one, and bulges beside it. "
                     L"The relief has to reach beyond the bend.",
                     4, L"sheet_bend_reliefs.htm", BendReliefs },
-    RuleDefinition{ L"SheetHolesNearBends", L"Holes near Bends", L"Holes",
-                    L"Finds holes that are too close to a bend.",
+    RuleDefinition{ L"SheetHolesNearBends", L"Holes near Bends", L"Holes", L"Finds holes that are too close to a bend.",
                     L"Material around a bend flows, so a hole close by is drawn out of round. It has to lie clear of "
                     L"the zone that is deformed, or be made after bending.",
                     4, L"sheet_holes_near_bends.htm", HolesNearBends },
@@ -151,23 +149,20 @@ constexpr std::array Rules = {
                     3, L"sheet_small_holes.htm", SmallHoles },
     RuleDefinition{ L"SheetHolesNearEdges", L"Holes near Edges", L"Holes",
                     L"Finds holes that are too close to the edge of the sheet.",
-                    L"The narrow strip between hole and edge bulges or tears when the hole is punched.",
-                    3, L"sheet_holes_near_edges.htm", HolesNearEdges },
-    RuleDefinition{ L"SheetHoleSpacing", L"Hole Spacing", L"Holes",
-                    L"Finds holes that are too close to each other.",
-                    L"Narrow webs between holes are deformed by punching and weaken the part along the row.",
-                    3, L"sheet_hole_spacing.htm", HoleSpacing },
-    RuleDefinition{ L"SheetCountersinks", L"Countersinks", L"Holes",
-                    L"Checks depth and angle of countersinks.",
+                    L"The narrow strip between hole and edge bulges or tears when the hole is punched.", 3,
+                    L"sheet_holes_near_edges.htm", HolesNearEdges },
+    RuleDefinition{ L"SheetHoleSpacing", L"Hole Spacing", L"Holes", L"Finds holes that are too close to each other.",
+                    L"Narrow webs between holes are deformed by punching and weaken the part along the row.", 3,
+                    L"sheet_hole_spacing.htm", HoleSpacing },
+    RuleDefinition{ L"SheetCountersinks", L"Countersinks", L"Holes", L"Checks depth and angle of countersinks.",
                     L"A countersink through most of the sheet leaves a sharp edge that wears out. An angle other "
                     L"than that of the screw lets its head rest on a line.",
                     2, L"sheet_countersinks.htm", Countersinks },
     RuleDefinition{ L"SheetNarrowCutouts", L"Narrow Slots and Tabs", L"Cut-outs",
                     L"Finds slots, notches and tabs that are too narrow or too long.",
-                    L"Narrow punches break, and long, narrow tabs bend and twist while they are cut and handled.",
-                    3, L"sheet_narrow_cutouts.htm", NarrowCutouts },
-    RuleDefinition{ L"SheetHems", L"Hems", L"Hems and Curls",
-                    L"Checks return length and gap of hems.",
+                    L"Narrow punches break, and long, narrow tabs bend and twist while they are cut and handled.", 3,
+                    L"sheet_narrow_cutouts.htm", NarrowCutouts },
+    RuleDefinition{ L"SheetHems", L"Hems", L"Hems and Curls", L"Checks return length and gap of hems.",
                     L"A short return can't be held while it is folded, and flattening hard sheet without a gap "
                     L"cracks its outer side.",
                     2, L"sheet_hems.htm", Hems },

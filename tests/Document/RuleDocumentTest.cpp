@@ -2,9 +2,9 @@
 #include "Document/UserRuleFile.h"
 #include "Modules/RuleModule.h"
 #include "Platform/Files.h"
-#include "Utilities/QOXUIUtils.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
+#include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/VantrelLog.h>
@@ -76,8 +76,9 @@ TEST_F(RuleDocumentTest, TheFileOfUserDefinedRulesIsMadeEmptyIfItDoesNotExist)
     document.LoadUserRules();
     EXPECT_EQ(document.UserRules().GetSize(), 0);
     const std::string bytes = ReadBytes(UserDefinedRuleFilePath());
-    EXPECT_NE(bytes.find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" Version=\"v3.3\" />"),
-              std::string::npos);
+    EXPECT_NE(
+        bytes.find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\" AngularUnit=\"0\" Version=\"v3.3\" />"),
+        std::string::npos);
 }
 
 TEST_F(RuleDocumentTest, AFileOfUserDefinedRulesThatCannotBeParsedGivesNoneAndStays)
@@ -221,9 +222,10 @@ TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
     document.Save(path);
     CVantrelLog::CloseLogFile();
     const std::string text = ReadBytes(log);
-    for (const std::string& line : { "Command received to open Rule file " + ToNarrow(path) + "\n",
-                                    std::string("Rule file has been opened successfully\n"),
-                                    std::string("Save has been called\n"), std::string("The document has been saved\n") })
+    for (const std::string& line :
+         { "Command received to open Rule file " + ToNarrow(path) + "\n",
+           std::string("Rule file has been opened successfully\n"), std::string("Save has been called\n"),
+           std::string("The document has been saved\n") })
     {
         EXPECT_NE(text.find(line), std::string::npos) << line;
     }

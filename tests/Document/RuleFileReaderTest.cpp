@@ -1,8 +1,8 @@
 #include "Document/Lumeq.h"
 #include "Platform/Text.h"
-#include "Utilities/QOXUIUtils.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
+#include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/VantrelLog.h>
@@ -64,7 +64,8 @@ constexpr const char* SecondName = "Second Test Module";
 
 TEST_F(RuleFileReaderTest, AFileWithoutRulesGivesTheUnitsAndNoRules)
 {
-    EXPECT_TRUE(Load("<Lumeq Name=\"n\" Createdby=\"c\" CreatedOn=\"o\" Unit=\"3\" AngularUnit=\"1\" Version=\"v3.3\" />"));
+    EXPECT_TRUE(
+        Load("<Lumeq Name=\"n\" Createdby=\"c\" CreatedOn=\"o\" Unit=\"3\" AngularUnit=\"1\" Version=\"v3.3\" />"));
     EXPECT_EQ(record.newRuleUnits, (structRulesUnit{ 3, 1 }));
     EXPECT_EQ(record.GetCount(), 0);
     EXPECT_TRUE(record.strName.empty());

@@ -1,8 +1,8 @@
 #include "Document/Lumeq.h"
 #include "Platform/Files.h"
-#include "Utilities/QOXUIUtils.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
+#include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/QoxXml.h>
@@ -145,9 +145,10 @@ TEST_F(RuleFileWriterTest, EachRuleIsLoggedInARuleFileAndNoneInTheUsersFile)
 TEST_F(RuleFileWriterTest, LoadingAndSavingAgainGivesTheSameBytes)
 {
     application->LoadRuleModules({ L"TestModuleComplete" });
-    WriteBytes(path, "<Lumeq Unit='3' AngularUnit='3' Name='x'><Rule RuleModule='Complete Test Module' "
-                     "RuleName='TestModuleComplete Rule 2' Extra='kept'><Parameter Number='1' Kind='length' "
-                     "Value='0.1'/><Own><Deep/></Own></Rule><Rule RuleModule='VSTA Rule' RuleName='&#xe9;&lt;'/></Lumeq>");
+    WriteBytes(path,
+               "<Lumeq Unit='3' AngularUnit='3' Name='x'><Rule RuleModule='Complete Test Module' "
+               "RuleName='TestModuleComplete Rule 2' Extra='kept'><Parameter Number='1' Kind='length' "
+               "Value='0.1'/><Own><Deep/></Own></Rule><Rule RuleModule='VSTA Rule' RuleName='&#xe9;&lt;'/></Lumeq>");
     std::string first;
     for (int round = 0; round < 3; ++round)
     {

@@ -2,10 +2,10 @@
 
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
-#include "Utilities/UserPrompt.h"
 #include "tests/RuleModules/Fixtures/TestModule.h"
 #include "tests/Support/ScopedEnvironment.h"
 #include "tests/Support/TemporaryFolder.h"
+#include "Utilities/UserPrompt.h"
 
 #include <string>
 #include <vector>

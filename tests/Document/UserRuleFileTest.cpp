@@ -1,5 +1,5 @@
-#include "Document/Lumeq.h"
 #include "Document/UserRuleFile.h"
+#include "Document/Lumeq.h"
 #include "Platform/Files.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"

@@ -1,11 +1,11 @@
+#include "Explorer/RuleExplorer.h"
 #include "Document/RuleDocument.h"
 #include "Document/UserRuleFile.h"
-#include "Explorer/RuleExplorer.h"
 #include "Explorer/RuleRows.h"
 #include "Explorer/RuleText.h"
-#include "Utilities/Texts.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
+#include "Utilities/Texts.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/VantrelLog.h>
@@ -70,8 +70,8 @@ public:
 
     int Find(const std::wstring& name) const
     {
-        const auto found = std::find_if(rows.begin(), rows.end(),
-                                        [&name](const Row& row) { return row.rule->m_strRuleName == name; });
+        const auto found =
+            std::find_if(rows.begin(), rows.end(), [&name](const Row& row) { return row.rule->m_strRuleName == name; });
         return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
     }
 
@@ -315,8 +315,9 @@ TEST_F(RuleExplorerTest, HiddenRulesGetNoRowAndThoseOfAnotherModuleDo)
 TEST_F(RuleExplorerTest, VSTARulesGetNoRowWhereTheyAreNotSupported)
 {
     LoadModules();
-    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>"
-                                          "<Rule RuleModule=\"Interactive User Defined Rule\" RuleName=\"B\"/></Lumeq>");
+    WriteBytes(UserDefinedRuleFilePath(),
+               "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>"
+               "<Rule RuleModule=\"Interactive User Defined Rule\" RuleName=\"B\"/></Lumeq>");
     vstaSupport = false;
     OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>");
     EXPECT_EQ(rows.RowCount(), 5);

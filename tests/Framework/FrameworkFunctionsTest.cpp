@@ -15,7 +15,8 @@
 
 TEST(FrameworkFunctionsTest, AllPlainFunctionsAreFoundByNameUnderEverySpellingOfTheLibrary)
 {
-    for (const wchar_t* const spelling : { L"vantrelframeworku.dll", L"VantrelFrameworku.dll", L"VantrelFrameWorku.dll" })
+    for (const wchar_t* const spelling :
+         { L"vantrelframeworku.dll", L"VantrelFrameworku.dll", L"VantrelFrameWorku.dll" })
     {
         const Platform::LibraryHandle library = Platform::FindLoadedLibrary(spelling);
         ASSERT_NE(library, nullptr) << spelling;

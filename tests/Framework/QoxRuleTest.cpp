@@ -75,7 +75,8 @@ void FillWithEverything(CQoxRule& rule)
     rule.Parameters().push_back(choice);
 
     int number = 3;
-    for (const ParamKind kind : { ParamKind::Angle, ParamKind::Number, ParamKind::Integer, ParamKind::YesNo, ParamKind::Text })
+    for (const ParamKind kind :
+         { ParamKind::Angle, ParamKind::Number, ParamKind::Integer, ParamKind::YesNo, ParamKind::Text })
     {
         CQoxParamStorage parameter;
         parameter.nNumber = number++;
@@ -151,13 +152,14 @@ TEST_F(QoxRuleTest, EverythingOfARuleSurvivesDeepCopyButItsPlaceInATree)
 
 TEST_F(QoxRuleTest, UnknownAttributesAndChildrenSurvive)
 {
-    const std::string markup = "<Rule RuleModule=\"M\" RuleName=\"R\" DisplayName=\"\" Category=\"\" Criticality=\"3\" "
-                               "ModulePath=\"\" HelpFile=\"\" Summary=\"\" Summary2=\"\" Owner=\"a &amp; b\">"
-                               "<Parameter Number=\"1\" Name=\"N\" Label=\"\" Kind=\"number\" Value=\"2\" Default=\"0\" "
-                               "Help=\"\" Colour=\"red\"><Note/></Parameter>"
-                               "<Parameter Number=\"2\" Kind=\"tensor\" Value=\"1 2 3\"/>"
-                               "<Parameter Kind=\"number\"/>"
-                               "<!--kept--><Extension v=\"1\">mixed <b>text</b></Extension></Rule>";
+    const std::string markup =
+        "<Rule RuleModule=\"M\" RuleName=\"R\" DisplayName=\"\" Category=\"\" Criticality=\"3\" "
+        "ModulePath=\"\" HelpFile=\"\" Summary=\"\" Summary2=\"\" Owner=\"a &amp; b\">"
+        "<Parameter Number=\"1\" Name=\"N\" Label=\"\" Kind=\"number\" Value=\"2\" Default=\"0\" "
+        "Help=\"\" Colour=\"red\"><Note/></Parameter>"
+        "<Parameter Number=\"2\" Kind=\"tensor\" Value=\"1 2 3\"/>"
+        "<Parameter Kind=\"number\"/>"
+        "<!--kept--><Extension v=\"1\">mixed <b>text</b></Extension></Rule>";
     const NodePtr element = Parse("<L>" + markup + "</L>");
     const NodePtr ruleElement(element->SelectSingleNode(L"Rule"));
     ConcreteQOXRule rule;

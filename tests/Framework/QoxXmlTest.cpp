@@ -76,7 +76,8 @@ TEST_F(QoxXmlTest, MarkupDoesNotDependOnTheIndentationOfTheFile)
     QoxXMLDocument indented;
     const NodePtr compactRoot = Load(compact, "<L><R a=\"1\"><P/><Q>t</Q></R></L>");
     const std::wstring markup = compactRoot->GetXML();
-    const NodePtr indentedRoot = Load(indented, "<L>\r\n\t<R a='1'>\r\n\t\t<P />\r\n\t\t<Q>t</Q>\r\n\t</R>\r\n</L>\r\n");
+    const NodePtr indentedRoot =
+        Load(indented, "<L>\r\n\t<R a='1'>\r\n\t\t<P />\r\n\t\t<Q>t</Q>\r\n\t</R>\r\n</L>\r\n");
     EXPECT_EQ(indentedRoot->GetXML(), markup);
 }
 
@@ -176,8 +177,9 @@ TEST_F(QoxXmlTest, ControlCharactersThatXmlForbidsBecomeBlanks)
 
 TEST_F(QoxXmlTest, FilesThatAreNoXmlGiveNoRoot)
 {
-    for (const std::string& bytes : { std::string(), std::string("plain text"), std::string("<L>"), std::string("<L></M>"),
-                                      std::string("<?xml version='1.0'?>"), std::string("\0\0\0\0", 4) })
+    for (const std::string& bytes :
+         { std::string(), std::string("plain text"), std::string("<L>"), std::string("<L></M>"),
+           std::string("<?xml version='1.0'?>"), std::string("\0\0\0\0", 4) })
     {
         QoxXMLDocument document;
         EXPECT_EQ(Load(document, bytes), nullptr) << bytes;

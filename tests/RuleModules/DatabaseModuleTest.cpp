@@ -106,8 +106,7 @@ TEST(DatabaseModule, ShippedDatabaseHasThePropertiesOfEachProcess)
     };
     expectProperties(L"metal", { L"tensile_strength", L"wall_thickness_min" });
     expectProperties(L"sheet", { L"tensile_strength", L"min_bend_radius_factor", L"k_factor" });
-    expectProperties(L"plastic",
-                     { L"wall_thickness_min", L"wall_thickness_max", L"shrinkage_min", L"shrinkage_max" });
+    expectProperties(L"plastic", { L"wall_thickness_min", L"wall_thickness_max", L"shrinkage_min", L"shrinkage_max" });
 }
 
 /// The module copied to a folder of its own, where it finds another file beside it.

@@ -36,8 +36,8 @@ constexpr std::array Rules = {
     RuleDefinition{ L"TestWidths", L"Widths", L"First", L"Short.", L"Longer.", 4, L"test_widths.htm", Parameters },
 };
 
-constexpr ModuleDefinition Module = { L"Test Rules", L"For tests.", L"TestRulesu.dll", L"metal",
-                                      Materials,     Categories,    Rules };
+constexpr ModuleDefinition Module = { L"Test Rules", L"For tests.", L"TestRulesu.dll", L"metal", Materials,
+                                      Categories,    Rules };
 
 std::wstring TestModuleLibrary(const std::wstring& name)
 {
@@ -111,9 +111,9 @@ TEST_F(ModuleCatalogueTest, ElementWithoutALibraryGetsTheModulesOwn)
 
 TEST_F(ModuleCatalogueTest, WhatAFileLacksComesInTheUnitsOfTheFile)
 {
-    const std::unique_ptr<CQoxRule> rule = ReadFile(
-        InchRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
-                  "<Parameter Number=\"1\" Kind=\"length\" Value=\"2\"/></Rule>");
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile(InchRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
+                           "<Parameter Number=\"1\" Kind=\"length\" Value=\"2\"/></Rule>");
     ASSERT_NE(rule, nullptr);
     const CQoxParamStorage& width = *rule->FindParameterInArray(1);
     EXPECT_EQ(width.dValue, 2);
@@ -130,10 +130,10 @@ TEST_F(ModuleCatalogueTest, WhatAFileLacksComesInTheUnitsOfTheFile)
 
 TEST_F(ModuleCatalogueTest, UnreadableNumbersAndUnitsFallBackToTheDefinition)
 {
-    const std::unique_ptr<CQoxRule> rule = ReadFile(
-        "<Lumeq Unit=\"many\" AngularUnit=\"99999999999999999999\">",
-        "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" Criticality=\"high\">"
-        "<Parameter Number=\"1\" Kind=\"length\" Value=\"wide\" Minimum=\"nan\" Maximum=\"1e999\"/></Rule>");
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile("<Lumeq Unit=\"many\" AngularUnit=\"99999999999999999999\">",
+                 "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" Criticality=\"high\">"
+                 "<Parameter Number=\"1\" Kind=\"length\" Value=\"wide\" Minimum=\"nan\" Maximum=\"1e999\"/></Rule>");
     ASSERT_NE(rule, nullptr);
     EXPECT_EQ(rule->m_nCriticality, 4);
     EXPECT_EQ(rule->FindParameterInArray(1)->dValue, 25.4);
@@ -168,10 +168,10 @@ TEST_F(ModuleCatalogueTest, SecondSummaryIsTodaysSoThatTheRuleIsMatchedWithTheOf
 
 TEST_F(ModuleCatalogueTest, ParameterThatTheDefinitionDoesNotKnowIsKept)
 {
-    const std::unique_ptr<CQoxRule> rule = ReadFile(
-        InchRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
-                  "<Parameter Number=\"77\" Kind=\"number\" Value=\"8\"/>"
-                  "<Parameter Number=\"1\" Kind=\"text\" Value=\"about so wide\"/></Rule>");
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile(InchRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
+                           "<Parameter Number=\"77\" Kind=\"number\" Value=\"8\"/>"
+                           "<Parameter Number=\"1\" Kind=\"text\" Value=\"about so wide\"/></Rule>");
     ASSERT_NE(rule, nullptr);
     EXPECT_EQ(rule->FindParameterInArray(77)->dValue, 8);
     EXPECT_EQ(rule->FindParameterInArray(1)->strValue, L"about so wide");
@@ -233,11 +233,11 @@ TEST_F(ModuleCatalogueTest, DatabaseIsAskedOnceUntilTheListOfModulesIsSetAnew)
 
 TEST_F(ModuleCatalogueTest, FirstDatabaseModuleThatWorksIsUsed)
 {
-    const std::list<std::wstring> databases = {
-        TestModuleLibrary(L"missing.dll"), TestModuleLibrary(L"TestModuleEmpty.dll"),
-        TestModuleLibrary(L"TestDatabaseNoDelete.dll"), TestModuleLibrary(L"TestDatabaseNull.dll"),
-        TestModuleLibrary(L"testdatabasecomplete.dll")
-    };
+    const std::list<std::wstring> databases = { TestModuleLibrary(L"missing.dll"),
+                                                TestModuleLibrary(L"TestModuleEmpty.dll"),
+                                                TestModuleLibrary(L"TestDatabaseNoDelete.dll"),
+                                                TestModuleLibrary(L"TestDatabaseNull.dll"),
+                                                TestModuleLibrary(L"testdatabasecomplete.dll") };
     m_catalogue.SetDatabaseModules(&databases);
     EXPECT_THAT(ReadFile(MetricRoot, BareRule)->FindParameterInArray(4)->choices,
                 ElementsAre(L"First test metal", L"Second test metal"));

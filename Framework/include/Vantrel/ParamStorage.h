@@ -38,8 +38,8 @@ public:
     double dDefault = 0;
     double dMinimum = NoMinimum; ///< Smallest allowed value.
     double dMaximum = NoMaximum; ///< Largest allowed value.
-    SharedText strName;                  ///< Name for programs; never translated.
-    SharedText strLabel;                 ///< Name for people.
+    SharedText strName;          ///< Name for programs; never translated.
+    SharedText strLabel;         ///< Name for people.
     std::wstring strValue;
     SharedText strDefault;
     SharedText strHelp;     ///< One or two sentences for the editor.

@@ -87,14 +87,14 @@ public:
     std::wstring m_strSummary;
     std::wstring m_strSummary2;
     std::wstring m_strCategory;
-    SharedTextList m_categoryList; ///< Categories offered for the rule.
-    std::wstring m_strRuleModule;             ///< Display name of the owning module, or one of the two marks.
-    std::wstring m_strModulePath;             ///< Path of the module's library; name of a user-defined rule's file.
-    SharedTextList m_references;   ///< Paths of the script's type libraries.
-    std::int32_t m_nTreeIndex = 0;            ///< Given by the record that the rule was added to last.
-    std::int32_t m_nReserved = 0;             ///< 0 in a tree root; no other meaning.
-    std::int32_t m_nCriticality = 3;          ///< 1 to 5.
-    std::int32_t m_nRuleState = 0;            ///< 0 fresh, 1 in a rule file, 2 deleted.
+    SharedTextList m_categoryList;   ///< Categories offered for the rule.
+    std::wstring m_strRuleModule;    ///< Display name of the owning module, or one of the two marks.
+    std::wstring m_strModulePath;    ///< Path of the module's library; name of a user-defined rule's file.
+    SharedTextList m_references;     ///< Paths of the script's type libraries.
+    std::int32_t m_nTreeIndex = 0;   ///< Given by the record that the rule was added to last.
+    std::int32_t m_nReserved = 0;    ///< 0 in a tree root; no other meaning.
+    std::int32_t m_nCriticality = 3; ///< 1 to 5.
+    std::int32_t m_nRuleState = 0;   ///< 0 fresh, 1 in a rule file, 2 deleted.
     bool m_bIsRoot = false;
     PointerArray m_children; ///< Not owned.
     std::wstring m_strHelpFile;
