@@ -31,12 +31,12 @@ PointerArray& PointerArray::operator=(const PointerArray& other)
     return *this = std::move(copy);
 }
 
-PointerArray::PointerArray(PointerArray&& other) : PointerArray()
+PointerArray::PointerArray(PointerArray&& other) noexcept : PointerArray()
 {
     *this = std::move(other);
 }
 
-PointerArray& PointerArray::operator=(PointerArray&& other)
+PointerArray& PointerArray::operator=(PointerArray&& other) noexcept
 {
     std::swap(m_data, other.m_data);
     std::swap(m_size, other.m_size);

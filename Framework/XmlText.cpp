@@ -70,7 +70,7 @@ bool EqualsAscii(const wchar_t* text, const char* bytes, std::size_t length)
         for (std::size_t offset = 0; offset < Stride; ++offset)
         {
             const auto byte = static_cast<unsigned char>(bytes[position + offset]);
-            const auto wide = static_cast<std::uint32_t>(text[position + offset]);
+            const auto wide = static_cast<char32_t>(text[position + offset]);
             differences |= (wide ^ byte) | (byte & 0x80);
         }
         if (differences != 0)
@@ -107,7 +107,7 @@ bool NarrowPlain(std::wstring_view text, char* bytes)
         std::uint32_t odd = 0;
         for (std::size_t offset = 0; offset < Stride; ++offset)
         {
-            const auto wide = static_cast<std::uint32_t>(text[position + offset]);
+            const auto wide = static_cast<char32_t>(text[position + offset]);
             odd |= wide - 0x20 > 0x5e ? 1U : 0U;
             chunk[offset] = static_cast<char>(wide);
         }

@@ -3,6 +3,7 @@
 #include <Vantrel/QoxXml.h>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace
@@ -48,7 +49,7 @@ void ModuleCatalogue::GetAllRules(PointerArray& rules)
     {
         std::unique_ptr<ModuleRule> rule = ModuleRule::MakeNew(m_module, definition, m_materials.Materials());
         rules.Add(rule.get());
-        rule.release(); // handed out raw, by contract
+        std::ignore = rule.release(); // handed out raw, by contract
     }
 }
 

@@ -15,7 +15,6 @@
 #include <optional>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {

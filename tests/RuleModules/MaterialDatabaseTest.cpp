@@ -111,7 +111,7 @@ TEST_F(MaterialDatabaseTest, MissingFileIsNoDatabaseAndIsNotMade)
 TEST_F(MaterialDatabaseTest, FileOfAnotherKindIsNoDatabase)
 {
     for (const std::string& bytes : { std::string(), std::string("not a database"), std::string(100'000, '\xff'),
-                                      std::string("SQLite format 3\0 and then nothing of it", 40) })
+                                      "SQLite format 3" + std::string(1, '\0') + " and then nothing of it" })
     {
         WriteBytes(File(), bytes);
         EXPECT_EQ(MaterialDatabase::Open(File()), nullptr);

@@ -16,8 +16,8 @@ public:
     PointerArray();
     PointerArray(const PointerArray& other);
     PointerArray& operator=(const PointerArray& other);
-    PointerArray(PointerArray&& other);
-    PointerArray& operator=(PointerArray&& other);
+    PointerArray(PointerArray&& other) noexcept;
+    PointerArray& operator=(PointerArray&& other) noexcept;
     ~PointerArray();
 
     /// Appends a pointer; null is stored like any other.
