@@ -181,6 +181,7 @@ TEST_F(ModuleSetTest, APathThatIsListedTwiceIsOneLibraryAndLeavesAsOne)
 {
     // Two spellings that differ in case only are one path in the list, which has none.
     Configure({ Complete, L"TESTMODULECOMPLETE" });
+    EXPECT_THAT(m_modules.ConfigModules(), testing::Not(IsEmpty()));
     for (const Platform::LibraryHandle handle : m_modules.ConfigModules())
     {
         EXPECT_EQ(handle, HandleOf(Complete));

@@ -1,5 +1,6 @@
 #include "Modules/RuleModule.h"
 
+#include "Platform/Files.h"
 #include "Platform/Text.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
@@ -58,7 +59,8 @@ public:
 
 LoadedTestModule ThrowingModule()
 {
-    return { Platform::Utf8ToWide(VANTREL_THROWING_MODULE_DIR) + L"/ThrowingModule.dll", L"ThrowingModule" };
+    return { Platform::Utf8ToWide(VANTREL_THROWING_MODULE_DIR) + Platform::PathSeparator + L"ThrowingModule.dll",
+             L"ThrowingModule" };
 }
 
 } // namespace
