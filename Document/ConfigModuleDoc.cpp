@@ -6,6 +6,7 @@
 #include "Utilities/UserPrompt.h"
 
 #include <wx/filename.h>
+#include <wx/utils.h>
 
 wxIMPLEMENT_DYNAMIC_CLASS(CQOXRMConfigModuleDoc, wxDocument);
 
@@ -38,6 +39,7 @@ bool CQOXRMConfigModuleDoc::OnNewDocument()
 
 bool CQOXRMConfigModuleDoc::OnOpenDocument(const wxString& path)
 {
+    const wxBusyCursor busy;
     if (!m_rules.Open(path.ToStdWstring()))
     {
         ShowFailure(TextId::FileNotOpened, path);
@@ -53,6 +55,7 @@ bool CQOXRMConfigModuleDoc::OnOpenDocument(const wxString& path)
 
 bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
 {
+    const wxBusyCursor busy;
     switch (m_rules.Save(path.ToStdWstring()))
     {
     case RuleDocument::SaveFailure::None:
@@ -77,7 +80,7 @@ bool CQOXRMConfigModuleDoc::OnCloseDocument()
 {
     if (IRuleView* const view = FirstRuleView())
     {
-        m_rules.ReleaseRules(view->RulesToGiveBack());
+        m_rules.ReleaseRules(view->TakeRulesToGiveBack());
         view->ClearRows();
     }
     const bool closed = wxDocument::OnCloseDocument();

@@ -13,6 +13,18 @@
 #include <memory>
 #include <utility>
 
+namespace
+{
+
+/// False if the code page lacks a character of the path: with another in its place it would
+/// name another file.
+bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
+{
+    return Platform::FromCodePage(narrowPath) == path;
+}
+
+} // namespace
+
 RuleDocument::RuleDocument(IUserPrompt* prompt) : m_header(prompt) {}
 
 RuleDocument::~RuleDocument()
@@ -38,7 +50,8 @@ bool RuleDocument::Open(const std::wstring& path)
 {
     LogMessage(L"Command received to open Rule file %s", path);
     m_bReadOnly = false;
-    if (!m_header.LoadRuleFile(ToNarrow(path)))
+    const std::string narrowPath = ToNarrow(path);
+    if (!NamesSameFile(narrowPath, path) || !m_header.LoadRuleFile(narrowPath))
     {
         return false;
     }
@@ -56,7 +69,8 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
     {
         return SaveFailure::Protected;
     }
-    if (!Platform::CanWriteFile(path))
+    const std::string narrowPath = ToNarrow(path);
+    if (!NamesSameFile(narrowPath, path) || !Platform::CanWriteFile(path))
     {
         return SaveFailure::NotWritable;
     }
@@ -70,7 +84,7 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
         record.newRuleUnits = m_header.newRuleUnits;
         record.oldRuleUnits = m_header.oldRuleUnits;
     }
-    if (!record.WriteRuleFile(ToNarrow(path)))
+    if (!record.WriteRuleFile(narrowPath))
     {
         return SaveFailure::NotWritten;
     }
@@ -121,23 +135,26 @@ void RuleDocument::DeleteRuleFromDocument(CQoxRule*& rule)
     {
         return;
     }
-    const Platform::LibraryHandle library = Platform::FindLoadedLibrary(rule->m_strModulePath);
-    if (library != nullptr)
-    {
-        const RuleModule module(library);
-        if (module.TakesRulesBack())
-        {
-            ForgetRule(rule);
-            module.DeleteRule(rule);
-        }
-        return;
-    }
+    // Asked first: a file may give a user-defined rule the path of a module, which doesn't
+    // make the rule the module's.
     if (rule->m_strRuleModule == InteractiveRuleMark || rule->m_strRuleModule == VSTARuleMark)
     {
         m_userRules.Remove(rule);
         ForgetRule(rule);
         delete rule; // the document owns its user-defined rules
         rule = nullptr;
+        return;
+    }
+    const Platform::LibraryHandle library = Platform::FindLoadedLibrary(rule->m_strModulePath);
+    if (library == nullptr)
+    {
+        return;
+    }
+    const RuleModule module(library);
+    if (module.TakesRulesBack())
+    {
+        ForgetRule(rule);
+        module.DeleteRule(rule);
     }
 }
 

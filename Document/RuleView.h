@@ -25,8 +25,9 @@ public:
     /// Fills the view for the first time, when the document is new or has been read.
     virtual void OnInitialUpdate() = 0;
 
-    /// The rules that the view holds, for giving them back when it closes.
-    virtual std::vector<CQoxRule*> RulesToGiveBack() const = 0;
+    /// The rules that the view holds, for giving them back when it closes. `ClearRows`
+    /// follows.
+    virtual std::vector<CQoxRule*> TakeRulesToGiveBack() = 0;
 
     /// Removes all rows; their rules have gone.
     virtual void ClearRows() = 0;

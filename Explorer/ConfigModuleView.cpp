@@ -165,9 +165,9 @@ void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*
     }
 }
 
-std::vector<CQoxRule*> CQOXRMConfigModuleView::RulesToGiveBack() const
+std::vector<CQoxRule*> CQOXRMConfigModuleView::TakeRulesToGiveBack()
 {
-    return m_explorer->RulesToGiveBack();
+    return m_explorer->TakeRulesToGiveBack();
 }
 
 void CQOXRMConfigModuleView::ClearRows()

@@ -48,7 +48,7 @@ public:
     void OnActivateView(bool activate, wxView* activeView, wxView* deactiveView) override;
 
     void OnInitialUpdate() override;
-    std::vector<CQoxRule*> RulesToGiveBack() const override;
+    std::vector<CQoxRule*> TakeRulesToGiveBack() override;
     void ClearRows() override;
 
     CQOXRMListCtrlEx& RuleListCtrl() { return *m_ruleList; }

@@ -27,8 +27,11 @@ std::wstring MatchKey(const CQoxRule& rule)
 {
     // Not a character of any name or summary.
     constexpr wchar_t Between = L'\x1f';
+    // A user-defined rule never stands for a module's, whatever path the file gives it: the
+    // module would get an object that it didn't make.
     return Platform::ToLower(rule.m_strRuleName) + Between + Platform::ToLower(rule.m_strSummary2) + Between +
-           Platform::ToLower(Platform::FileNamePart(rule.m_strModulePath));
+           Platform::ToLower(Platform::FileNamePart(rule.m_strModulePath)) + Between +
+           (rule.IsUserDefined() ? L'1' : L'0');
 }
 
 std::wstring UnitKey(const CQoxRule& rule)
@@ -266,9 +269,10 @@ std::vector<CQoxRule*> RuleExplorer::RulesOfRows() const
     return rules;
 }
 
-std::vector<CQoxRule*> RuleExplorer::RulesToGiveBack() const
+std::vector<CQoxRule*> RuleExplorer::TakeRulesToGiveBack()
 {
     std::vector<CQoxRule*> rules = RulesOfRows();
     rules.insert(rules.end(), m_rulesWithoutRow.begin(), m_rulesWithoutRow.end());
+    m_rulesWithoutRow.clear();
     return rules;
 }

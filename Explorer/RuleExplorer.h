@@ -49,8 +49,8 @@ public:
     std::vector<CQoxRule*> RulesOfRows() const;
 
     /// The rules of all rows and those of modules that got none, for giving them back when
-    /// the view closes.
-    std::vector<CQoxRule*> RulesToGiveBack() const;
+    /// the view closes. The rows are to be removed then; the others are forgotten here.
+    std::vector<CQoxRule*> TakeRulesToGiveBack();
 
 private:
     void MergeDocumentRules();

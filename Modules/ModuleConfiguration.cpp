@@ -75,9 +75,9 @@ void ModuleConfiguration::GetConfiguredModules(const std::string& section, std::
 {
     modules.clear();
     const CIniFile file;
-    if (!file.FileExists(m_configFile))
+    if (!Platform::PathExists(Platform::FromCodePage(m_configFile)))
     {
-        file.Create(m_configFile);
+        file.Create(m_configFile); // one that can't be read must not be emptied
     }
     modules = ReadModules(section, true);
     if (!modules.empty())

@@ -49,7 +49,7 @@ public:
     /// Gives every rule module the list of database modules.
     void UpdateDBModuleList() const;
 
-    /// Gives every rule module the document that is read or written; null when it has ended.
+    /// Gives every rule module the document that is read or written.
     void SetXMLDoc(QoxXMLDocument* document) const;
 
     /// True if the path, in any case, is one of the configured rule modules.

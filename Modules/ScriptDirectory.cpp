@@ -28,7 +28,7 @@ bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path)
     }
     const std::string narrowFile = ToNarrow(configFile);
     const CIniFile file;
-    if (!file.FileExists(narrowFile))
+    if (!Platform::PathExists(configFile)) // one that can't be read must not be emptied
     {
         file.Create(narrowFile);
     }

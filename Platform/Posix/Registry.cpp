@@ -75,7 +75,18 @@ bool ChangeStore(const std::function<bool(Posix::RegistryStore&)>& change)
     }
     auto store = ReadStore();
     // A store that can't be read is left alone: writing would wipe out what it holds.
-    return store && change(*store) && SaveFileWhole(StorePath(), store->Bytes());
+    if (!store)
+    {
+        return false;
+    }
+    const std::string before = store->Bytes();
+    if (!change(*store))
+    {
+        return false;
+    }
+    // Each start of the program registers the same again; the disk needn't wait for that.
+    const std::string after = store->Bytes();
+    return after == before || SaveFileWhole(StorePath(), after);
 }
 
 } // namespace

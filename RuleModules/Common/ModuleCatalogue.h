@@ -41,8 +41,8 @@ public:
     /// Paths of the database modules; copied. Null stands for none.
     void SetDatabaseModules(const std::list<std::wstring>* modules);
 
-    /// The document that rules are being read from or written to; null if none is.
-    /// Not owned.
+    /// The document of the newest operation that rules are read from or written to, null
+    /// before the first. Not owned, and gone when the operation has ended.
     void SetDocument(QoxXMLDocument* document) { m_document = document; }
     QoxXMLDocument* Document() const { return m_document; }
 

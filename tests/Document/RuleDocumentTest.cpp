@@ -104,6 +104,7 @@ TEST_F(RuleDocumentTest, SavingWritesTheRuleListInItsOrderWithTheDocumentsUnits)
     EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
     const std::string bytes = ReadBytes(path);
     EXPECT_NE(bytes.find("Unit=\"3\" AngularUnit=\"1\""), std::string::npos);
+    ASSERT_NE(bytes.find("First"), std::string::npos);
     EXPECT_LT(bytes.find("Second"), bytes.find("First"));
     EXPECT_EQ(first.m_nRuleState, 1);
     EXPECT_EQ(document.OpenPath(), path);
@@ -132,6 +133,38 @@ TEST_F(RuleDocumentTest, AFolderThatDoesNotExistIsNotSavedInto)
     RuleDocument document;
     EXPECT_EQ(document.Save(folder.File(L"missing") + Platform::PathSeparator + L"rules.vrf"),
               RuleDocument::SaveFailure::NotWritable);
+}
+
+TEST_F(RuleDocumentTest, APathWithCharactersThatTheCodePageLacksNamesNoOtherFile)
+{
+    // Question marks stand in the code page for what it lacks.
+    const std::wstring unknown = folder.File(L"Gr\U0001F600.vrf");
+    if (ToNarrow(unknown) != ToNarrow(folder.File(L"Gr?.vrf")))
+    {
+        GTEST_SKIP() << "the code page of this machine has all characters";
+    }
+    const std::string bytes = "<Lumeq Unit=\"3\"/>";
+    WriteBytes(folder.File(L"Gr?.vrf"), bytes);
+    RuleDocument document;
+    EXPECT_FALSE(document.Open(unknown));
+    EXPECT_EQ(document.Save(unknown), RuleDocument::SaveFailure::NotWritable);
+    EXPECT_EQ(ReadBytes(folder.File(L"Gr?.vrf")), bytes);
+}
+
+TEST_F(RuleDocumentTest, AUserDefinedRuleWithTheNameOfAModulesLibraryIsTheDocuments)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    ConcreteQOXRule source;
+    source.m_strRuleModule = InteractiveRuleMark;
+    source.m_strModulePath = TestModulePath(L"TestModuleComplete");
+    RuleDocument document;
+    document.AddUserRule(&source);
+    CQoxRule* rule = document.UserRules()[0];
+    document.DeleteRuleFromDocument(rule);
+    EXPECT_EQ(rule, nullptr);
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
 }
 
 TEST_F(RuleDocumentTest, AModulesRuleGoesBackToItsModule)

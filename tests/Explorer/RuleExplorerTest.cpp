@@ -3,6 +3,7 @@
 #include "Document/UserRuleFile.h"
 #include "Explorer/RuleRows.h"
 #include "Explorer/RuleText.h"
+#include "Platform/Text.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
 #include "Utilities/Texts.h"
@@ -100,7 +101,7 @@ public:
 class RuleExplorerTest : public testing::Test
 {
 protected:
-    ~RuleExplorerTest() override { document.ReleaseRules(explorer.RulesToGiveBack()); }
+    ~RuleExplorerTest() override { document.ReleaseRules(explorer.TakeRulesToGiveBack()); }
 
     void LoadModules()
     {
@@ -223,6 +224,31 @@ TEST_F(RuleExplorerTest, ARuleOfTheFileThatMatchesNothingIsLeftOutButStaysInTheD
     EXPECT_EQ(rows.RowCount(), 4);
     EXPECT_TRUE(document.Rules().IsEmpty());
     EXPECT_EQ(document.Header().GetCount(), 1);
+}
+
+TEST_F(RuleExplorerTest, AUserDefinedRuleOfTheFileDoesNotTakeTheRowOfAModulesRule)
+{
+    LoadModules();
+    OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"TestModuleComplete Rule 1\" "
+             "Summary2=\"Summary of TestModuleComplete Rule 1\" ModulePath=\"" +
+             Platform::WideToUtf8(TestModulePath(L"TestModuleComplete")) + "\"/>");
+    const int row = rows.Find(L"TestModuleComplete Rule 1");
+    ASSERT_GE(row, 0);
+    EXPECT_FALSE(rows.IsTicked(row));
+    EXPECT_FALSE(rows.RuleOfRow(row)->IsUserDefined());
+    EXPECT_EQ(document.Header().GetCount(), 1);
+}
+
+TEST_F(RuleExplorerTest, RulesWithoutARowAreGivenBackOnce)
+{
+    LoadModules();
+    vstaSupport = std::nullopt;
+    explorer.UpdateRuleList(true);
+    ASSERT_EQ(rows.RowCount(), 0);
+    const std::vector<CQoxRule*> taken = explorer.TakeRulesToGiveBack();
+    EXPECT_EQ(taken.size(), 4U);
+    document.ReleaseRules(taken);
+    EXPECT_TRUE(explorer.TakeRulesToGiveBack().empty());
 }
 
 TEST_F(RuleExplorerTest, WithoutADatabaseModuleTheMessageIsShownOnceAndNoModuleIsAsked)

@@ -1,3 +1,4 @@
+#include "Platform/Files.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
@@ -5,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <regex>
 
 TEST(VantrelLogTest, WritesOneLineAnEntryWithTimeTagAndLine)
@@ -30,6 +32,7 @@ TEST(VantrelLogTest, IsHarmlessWithoutALog)
     CVantrelLog::OpenLogFile(folder.Path()); // a folder can't be a log
     CVantrelLog::PrintMessage(L"nowhere", "tag", 1);
     CVantrelLog::CloseLogFile();
+    EXPECT_TRUE(std::filesystem::is_empty(Platform::NativePath(folder.Path())));
 }
 
 TEST(VantrelLogTest, GoesOnAtTheEndOfAnEarlierLog)

@@ -24,7 +24,8 @@ using GetAllRulesFunction = void (*)(PointerArray& rules);
 using GetRuleFunction = void (*)(QoxXMLNode* node, CQoxRule*& rule);
 
 /// `SetXMLDoc`, required: the document that rules read themselves from or make their
-/// elements in; null when the operation has ended.
+/// elements in, told at the beginning of each operation. It is deleted when the operation
+/// has ended, without another call: a module uses it only while it is being called.
 using ModuleSetXMLDocFunction = void (*)(QoxXMLDocument* document);
 
 /// `SetDBModuleList`, required: the paths of the database modules, in lower case. The

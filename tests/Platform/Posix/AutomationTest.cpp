@@ -34,12 +34,6 @@ TEST_F(AutomationTest, IdentifiersAreThoseThatOthersKnow)
     EXPECT_STREQ(TypeLibraryId, L"{092D31A2-F72E-457D-997F-0FE3E4D26334}");
 }
 
-TEST_F(AutomationTest, StartsAndEnds)
-{
-    EXPECT_TRUE(InitializeAutomation());
-    UninitializeAutomation();
-}
-
 TEST_F(AutomationTest, ClassLeadsToTheProgramAndBack)
 {
     EXPECT_TRUE(RegisterDocumentClass(L"Vantrel.Document", L"Rule Document"));

@@ -33,6 +33,22 @@ TEST_F(RegistryFileTest, LiesInTheUsersConfigurationFolder)
                                  "@=\"Vantrel.Rules\"\n");
 }
 
+TEST_F(RegistryFileTest, WritingWhatIsThereAlreadyLeavesTheFileAlone)
+{
+    const auto inode = [this]
+    {
+        struct stat status = {};
+        EXPECT_EQ(::stat(NativePath(m_path).c_str(), &status), 0);
+        return status.st_ino;
+    };
+    ASSERT_TRUE(WriteRegistryText(RegistryRoot::CurrentUser, L"A", L"b", L"c"));
+    const ino_t before = inode();
+    EXPECT_TRUE(WriteRegistryText(RegistryRoot::CurrentUser, L"A", L"b", L"c"));
+    EXPECT_EQ(inode(), before);
+    EXPECT_TRUE(WriteRegistryText(RegistryRoot::CurrentUser, L"A", L"b", L"d"));
+    EXPECT_NE(inode(), before) << "a change makes a new file";
+}
+
 TEST_F(RegistryFileTest, StoreThatCantBeReadIsLeftAlone)
 {
     ASSERT_TRUE(MakeFolderTree(m_path));
