@@ -134,6 +134,8 @@ bool CQOXRMConfigModuleApp::InitInstance()
     m_commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
     if (m_commandLine.IsServerStart())
     {
+        // Later starts hand their files to this one, which shows itself then.
+        m_mainFrame->ListenToOtherInstances(g_singleInstance);
         return true;
     }
     UpdateRegistration();

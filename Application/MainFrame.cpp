@@ -104,6 +104,7 @@ void CQOXRMMainFrame::ListenToOtherInstances(Platform::InstanceMark& mark)
 
 void CQOXRMMainFrame::BringForward()
 {
+    Show(); // one that was started as a server is hidden
     if (IsIconized())
     {
         Iconize(false);

@@ -144,9 +144,18 @@ class ProgramTest(unittest.TestCase):
         # A server start makes no document, so nothing but the module lists is asked for.
         process = self.start("-Embedding")
         path = self.settings("ConfigModule.ini")
-        self.wait_until(lambda: "CLSID" in self.registry() or ".vrf" in self.registry(), "the file type")
+        self.wait_until(lambda: ".vrf" in self.registry(), "the file type")
         self.assertEqual(read_bytes(path).decode(), self.expected_configuration())
         self.assertEqual(self.titles(process), [])
+        self.assertNotIn("CLSID", self.registry())
+
+    def test_file_of_a_later_start_shows_what_was_started_as_a_server(self):
+        server = self.start("-Embedding")
+        self.wait_until(lambda: ".vrf" in self.registry(), "the file type")
+        second = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.assertEqual(self.wait_for_end(second), 0)
+        self.wait_for_title(server, "^milled-bracket.vrf - ")
+        self.close(server)
 
     def test_first_start_with_a_document_adds_the_script_location(self):
         process = self.start()
