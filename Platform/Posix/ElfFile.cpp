@@ -1,5 +1,7 @@
 #include "Platform/Posix/ElfFile.h"
 
+#include "Platform/Posix/Descriptor.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -29,29 +31,18 @@ public:
     explicit File(const std::string& path) : m_file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
     {
         struct stat status = {};
-        if (m_file >= 0 && ::fstat(m_file, &status) == 0 && S_ISREG(status.st_mode))
+        if (m_file && ::fstat(m_file.Get(), &status) == 0 && S_ISREG(status.st_mode))
         {
             m_size = static_cast<std::uint64_t>(status.st_size);
         }
     }
-
-    ~File()
-    {
-        if (m_file >= 0)
-        {
-            ::close(m_file);
-        }
-    }
-
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
 
     bool Holds(std::uint64_t offset, std::uint64_t size) const { return offset <= m_size && size <= m_size - offset; }
 
     bool Read(std::uint64_t offset, void* data, std::size_t size) const
     {
         return Holds(offset, size) &&
-               ::pread(m_file, data, size, static_cast<off_t>(offset)) == static_cast<ssize_t>(size);
+               ::pread(m_file.Get(), data, size, static_cast<off_t>(offset)) == static_cast<ssize_t>(size);
     }
 
     /// Text up to its terminator, which must come within `most` bytes.
@@ -72,7 +63,7 @@ public:
     }
 
 private:
-    int m_file = -1;
+    Descriptor m_file;
     std::uint64_t m_size = 0;
 };
 

@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <thread>
-#include <unistd.h>
 
 namespace Platform::Posix
 {
@@ -15,21 +14,13 @@ FileLock::FileLock(const std::string& path)
 {
 }
 
-FileLock::~FileLock()
-{
-    if (m_file >= 0)
-    {
-        ::close(m_file);
-    }
-}
-
 bool FileLock::TryTake()
 {
     int result = -1;
     do
     {
-        result = m_file >= 0 ? ::flock(m_file, LOCK_EX | LOCK_NB) : -1;
-    } while (m_file >= 0 && result != 0 && errno == EINTR);
+        result = m_file ? ::flock(m_file.Get(), LOCK_EX | LOCK_NB) : -1;
+    } while (m_file && result != 0 && errno == EINTR);
     return result == 0;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Posix/Descriptor.h"
+
 #include <string>
 
 namespace Platform::Posix
@@ -13,12 +15,9 @@ class FileLock
 public:
     /// Opens the file and makes it if it is missing, without taking the lock.
     explicit FileLock(const std::string& path);
-    ~FileLock();
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
 
     /// False if the file could be neither opened nor made.
-    bool IsOpen() const { return m_file >= 0; }
+    bool IsOpen() const { return static_cast<bool>(m_file); }
 
     /// Takes the lock if no one else has it.
     bool TryTake();
@@ -27,7 +26,7 @@ public:
     bool Take();
 
 private:
-    int m_file = -1;
+    Descriptor m_file;
 };
 
 } // namespace Platform::Posix

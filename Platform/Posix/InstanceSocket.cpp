@@ -93,22 +93,6 @@ Descriptor MakeSocket()
 
 } // namespace
 
-Descriptor::~Descriptor()
-{
-    if (m_file >= 0)
-    {
-        ::close(m_file);
-    }
-}
-
-Descriptor::Descriptor(Descriptor&& other) noexcept : m_file(std::exchange(other.m_file, -1)) {}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
-{
-    std::swap(m_file, other.m_file);
-    return *this;
-}
-
 InstancePaths PathsOfInstance(const char* markName)
 {
     const std::string folder = RuntimeFolder();

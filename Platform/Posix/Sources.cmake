@@ -1,12 +1,14 @@
 set(VANTREL_PLATFORM_SOURCES
     Posix/Automation.cpp
     Posix/CodePage.cpp
+    Posix/Descriptor.cpp
     Posix/Desktop.cpp
     Posix/ElfFile.cpp
     Posix/Environment.cpp
     Posix/FileLock.cpp
     Posix/FileOperations.cpp
     Posix/Files.cpp
+    Posix/HeldFile.cpp
     Posix/InstanceRecord.cpp
     Posix/InstanceSocket.cpp
     Posix/Library.cpp
