@@ -3,6 +3,7 @@
 #include "Application/LogFolder.h"
 #include "Application/Registration.h"
 #include "Document/ConfigModuleDoc.h"
+#include "Document/ModuleReload.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"
 #include "Platform/Automation.h"
@@ -229,6 +230,10 @@ bool CQOXRMConfigModuleApp::ProcessShellCommand()
 
 void CQOXRMConfigModuleApp::ExitInstance()
 {
+    if (IDatabaseCollector* const collector = DatabaseCollector())
+    {
+        collector->OnCollectorStop();
+    }
     if (m_documents != nullptr)
     {
         m_documents->FileHistorySave(*wxConfigBase::Get());
@@ -238,16 +243,12 @@ void CQOXRMConfigModuleApp::ExitInstance()
     {
         Platform::UninitializeAutomation();
     }
-    if (IDatabaseCollector* const collector = DatabaseCollector())
-    {
-        collector->OnCollectorStop();
-    }
     CVantrelLog::CloseLogFile();
 }
 
-bool CQOXRMConfigModuleApp::HasActiveDocument() const
+Platform::LibraryHandle CQOXRMConfigModuleApp::Framework()
 {
-    return m_mainFrame != nullptr && m_mainFrame->GetActiveChild() != nullptr;
+    return LoadFrameworkLibrary();
 }
 
 void CQOXRMConfigModuleApp::OpenDocumentFile(const std::wstring& path)
@@ -330,20 +331,13 @@ void CQOXRMConfigModuleApp::NotifyDocuments(CQoxRule* rule, UserRuleChange chang
 
 void CQOXRMConfigModuleApp::OnRuleModulesChanged()
 {
-    ModuleSet::Handles listConfigModulesToFree;
-    m_modules.LoadConfigModules(listConfigModulesToFree);
-    m_modules.UpdateDBModuleList();
+    std::vector<OpenRuleDocument> documents;
     for (CQOXRMConfigModuleDoc* const document : OpenDocuments(*m_documents))
     {
-        const std::wstring path = document->GetFilename().ToStdWstring();
-        if (!document->IsModified() && !path.empty() && Platform::FileExists(path))
-        {
-            document->Rules().Header().LoadRuleFile(ToNarrow(path));
-        }
-        document->UpdateViews(ViewHint::Reload);
+        documents.push_back({ document->Rules(), document->GetFilename().ToStdWstring(), document->IsModified(),
+                              [document] { document->UpdateViews(ViewHint::Reload); } });
     }
-    // Only now: until the views were filled anew, rules pointed into these.
-    ModuleSet::FreeModules(listConfigModulesToFree);
+    ReloadRuleModules(m_modules, documents);
 }
 
 void CQOXRMConfigModuleApp::OnDatabaseModulesChanged()

@@ -29,7 +29,7 @@ public:
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return m_prompt; }
     void SetDocOpenState(int state) override { nDocOpenState = state; }
-    bool HasActiveDocument() const override;
+    Platform::LibraryHandle Framework() override;
 
     /// A user-defined rule was added, deleted or changed: rewrites the file of user-defined
     /// rules and tells every open document. `name` is the rule's name before the edit. A

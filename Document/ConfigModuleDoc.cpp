@@ -84,7 +84,8 @@ bool CQOXRMConfigModuleDoc::OnCloseDocument()
         view->ClearRows();
     }
     const bool closed = wxDocument::OnCloseDocument();
-    if (!g_pApp->HasActiveDocument())
+    // This one is still among the open ones; its window goes after it.
+    if (GetDocumentManager()->GetDocumentsVector().size() <= 1)
     {
         g_pApp->SetDocOpenState(0);
     }

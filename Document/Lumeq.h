@@ -108,7 +108,7 @@ public:
     std::wstring strPasswordInRuleFile;
 
 private:
-    CQoxRule* ReadRuleThrough(const RuleElementReader& reader, QoxXMLNode* node);
+    CQoxRule* ReadRuleThrough(RuleElementReader& reader, QoxXMLNode* node);
     void AppendHeaderAttributes(QoxXMLNode& root) const;
     void AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, bool logRules) const;
 

@@ -13,17 +13,21 @@ RuleElementReader::RuleElementReader(const ModuleSet* modules)
     for (const Platform::LibraryHandle library : modules->ConfigModules())
     {
         const RuleModule module(library);
-        m_sources.push_back({ module, module.FindGetRule(), module.DisplayName(), module.Path() });
+        m_sources.push_back({ module, module.FindGetRule(), module.Path(), std::nullopt });
     }
 }
 
-CQoxRule* RuleElementReader::Read(QoxXMLNode* node) const
+CQoxRule* RuleElementReader::Read(QoxXMLNode* node)
 {
-    for (const Source& source : m_sources)
+    for (Source& source : m_sources)
     {
         if (CQoxRule* const rule = source.module.GetRule(source.getRule, node))
         {
-            rule->m_strRuleModule = source.displayName;
+            if (!source.displayName)
+            {
+                source.displayName = source.module.DisplayName();
+            }
+            rule->m_strRuleModule = *source.displayName;
             rule->m_strModulePath = source.path;
             return rule;
         }

@@ -2,6 +2,7 @@
 
 #include "Modules/RuleModule.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,15 +19,15 @@ public:
 
     /// The rule of the first module, in load order, that knows the element; null if none
     /// does. The rule carries its module's display name and path.
-    CQoxRule* Read(QoxXMLNode* node) const;
+    CQoxRule* Read(QoxXMLNode* node);
 
 private:
     struct Source
     {
         RuleModule module;
         GetRuleFunction getRule;
-        std::wstring displayName;
         std::wstring path;
+        std::optional<std::wstring> displayName; // asked for with the module's first rule
     };
     std::vector<Source> m_sources;
 };

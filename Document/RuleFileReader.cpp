@@ -119,7 +119,7 @@ void CQOXRMLumeq::ReadHeader(QoxXMLNode* root)
     {
         return;
     }
-    const RuleElementReader reader(LoadedModules());
+    RuleElementReader reader(LoadedModules());
     const long count = elements->GetSize();
     for (long position = 0; position < count; ++position)
     {
@@ -140,10 +140,11 @@ void CQOXRMLumeq::ReadHeader(QoxXMLNode* root)
 
 CQoxRule* CQOXRMLumeq::ReadRule(QoxXMLNode* node)
 {
-    return ReadRuleThrough(RuleElementReader(LoadedModules()), node);
+    RuleElementReader reader(LoadedModules());
+    return ReadRuleThrough(reader, node);
 }
 
-CQoxRule* CQOXRMLumeq::ReadRuleThrough(const RuleElementReader& reader, QoxXMLNode* node)
+CQoxRule* CQOXRMLumeq::ReadRuleThrough(RuleElementReader& reader, QoxXMLNode* node)
 {
     // Compared exactly here and without regard to case in CreateUserRule: a mark in another
     // case is offered to the modules first, and files in the field rely on both.

@@ -21,7 +21,7 @@ void XmlOperation::End()
 
 bool XmlOperation::TellFramework(bool scriptRulePackage)
 {
-    const Platform::LibraryHandle framework = LoadFrameworkLibrary();
+    const Platform::LibraryHandle framework = g_pApp != nullptr ? g_pApp->Framework() : LoadFrameworkLibrary();
     if (framework == nullptr)
     {
         return false;

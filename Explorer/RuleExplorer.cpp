@@ -4,7 +4,6 @@
 #include "Explorer/RuleRows.h"
 #include "Explorer/RuleText.h"
 #include "Modules/ModuleSet.h"
-#include "Platform/Files.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
 #include "Utilities/Texts.h"
@@ -21,6 +20,12 @@ namespace
 constexpr std::int32_t StateUnticked = 0;
 constexpr std::int32_t StateTicked = 1;
 
+/// The file name of a path of this system or the other: rule files travel between them.
+std::wstring LibraryName(const std::wstring& path)
+{
+    return path.substr(path.find_last_of(L"\\/") + 1);
+}
+
 /// What two rules must have in common to be the same one, in a form that compares without
 /// regard to case.
 std::wstring MatchKey(const CQoxRule& rule)
@@ -30,8 +35,7 @@ std::wstring MatchKey(const CQoxRule& rule)
     // A user-defined rule never stands for a module's, whatever path the file gives it: the
     // module would get an object that it didn't make.
     return Platform::ToLower(rule.m_strRuleName) + Between + Platform::ToLower(rule.m_strSummary2) + Between +
-           Platform::ToLower(Platform::FileNamePart(rule.m_strModulePath)) + Between +
-           (rule.IsUserDefined() ? L'1' : L'0');
+           Platform::ToLower(LibraryName(rule.m_strModulePath)) + Between + (rule.IsUserDefined() ? L'1' : L'0');
 }
 
 std::wstring UnitKey(const CQoxRule& rule)

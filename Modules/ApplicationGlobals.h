@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Library.h"
+
 class IUserPrompt;
 class ModuleSet;
 class QoxXMLDocument;
@@ -13,14 +15,14 @@ public:
     /// The loaded rule modules and database modules.
     virtual ModuleSet& Modules() = 0;
 
+    /// The framework library, which is told of each document that is read or written.
+    virtual Platform::LibraryHandle Framework() = 0;
+
     /// The way to ask the user.
     virtual IUserPrompt& Prompt() = 0;
 
     /// Enables or disables the commands that act on one selected rule.
     virtual void SetDocOpenState(int state) = 0;
-
-    /// True if a document window is open and active.
-    virtual bool HasActiveDocument() const = 0;
 };
 
 /// The application object. Set only in a first instance; null before and in others.

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-/// One running instance per user and program file, and handing a file to it.
+/// One running instance per user, and handing a file to it if it is of the same program file.
 namespace Platform
 {
 
@@ -14,8 +14,7 @@ namespace Platform
 class InstanceMark
 {
 public:
-    /// `name` names the mark. Where instances are told apart by more than the name, the
-    /// program's path counts too.
+    /// `name` names the mark, which all program files that give it have in common.
     explicit InstanceMark(const char* name) noexcept;
     ~InstanceMark();
     InstanceMark(const InstanceMark&) = delete;

@@ -86,6 +86,13 @@ std::optional<sockaddr_un> AddressOf(const std::string& path)
     return address;
 }
 
+std::string FileNameOf(std::string_view identity)
+{
+    std::array<char, 32> name = {};
+    std::snprintf(name.data(), name.size(), "/vantrel-%016llx", static_cast<unsigned long long>(StableHash(identity)));
+    return name.data();
+}
+
 Descriptor MakeSocket()
 {
     return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -100,12 +107,10 @@ InstancePaths PathsOfInstance(const char* markName)
     {
         return {};
     }
-    std::string identity = markName;
-    identity += '\0';
-    identity += PathBytes(ProgramPath());
-    std::array<char, 32> name = {};
-    std::snprintf(name.data(), name.size(), "/vantrel-%016llx", static_cast<unsigned long long>(StableHash(identity)));
-    return { folder + name.data() + ".lock", folder + name.data() + ".sock" };
+    // The mark is one for all copies of the program; a file goes only to one of this copy.
+    const std::string mark = markName;
+    return { folder + FileNameOf(mark) + ".lock",
+             folder + FileNameOf(mark + '\0' + PathBytes(ProgramPath())) + ".sock" };
 }
 
 Descriptor ListenAt(const std::string& path)

@@ -110,6 +110,16 @@ TEST_F(RuleDocumentTest, SavingWritesTheRuleListInItsOrderWithTheDocumentsUnits)
     EXPECT_EQ(document.OpenPath(), path);
 }
 
+TEST_F(RuleDocumentTest, TheFileDetailsOfTheDocumentStayOutOfTheFile)
+{
+    RuleDocument document;
+    document.Header().strName = L"bracket";
+    document.Header().strCreatedBy = L"someone";
+    document.Header().strCreatedOn = L"01/02/2026";
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_NE(ReadBytes(path).find("<Lumeq Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit="), std::string::npos);
+}
+
 TEST_F(RuleDocumentTest, AnEmptyDocumentIsSavedWithTheUnitsOfAFreshRecord)
 {
     RuleDocument document;

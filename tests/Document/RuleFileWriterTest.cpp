@@ -114,6 +114,30 @@ TEST_F(RuleFileWriterTest, AScriptRulePackageTellsTheFrameworkByItsOtherExportAn
     EXPECT_NE(ReadBytes(path).find("RuleName=\"A\""), std::string::npos);
 }
 
+TEST_F(RuleFileWriterTest, TheFrameworkIsToldByOneOfItsTwoExportsNeverByBoth)
+{
+    const std::wstring name = L"TestFramework";
+    application->framework = Platform::OpenLibraryFile(TestModulePath(name));
+    ASSERT_NE(application->framework, nullptr);
+    const auto reset = TestModuleFunction<TestModuleResetFunction>(name, "TestModuleReset");
+    ASSERT_NE(reset, nullptr);
+    g_bScriptRuleFile = true;
+    EXPECT_TRUE(Write());
+    EXPECT_EQ(CallsOf(name), "SetXMLDoc2");
+    reset();
+    // Reading never uses the export for packages.
+    EXPECT_TRUE(record.LoadRuleFile(ToNarrow(path)));
+    EXPECT_EQ(CallsOf(name), "SetXMLDoc");
+    reset();
+    g_bScriptRuleFile = false;
+    EXPECT_TRUE(Write());
+    EXPECT_EQ(CallsOf(name), "SetXMLDoc");
+    reset();
+    EXPECT_TRUE(record.WriteUserFile(path));
+    EXPECT_EQ(CallsOf(name), "");
+    Platform::ReleaseLibrary(application->framework);
+}
+
 TEST_F(RuleFileWriterTest, WithoutAnApplicationOrAPathNothingIsWritten)
 {
     EXPECT_FALSE(record.WriteRuleFile(""));

@@ -1,5 +1,6 @@
 #include "tests/Document/TestApplication.h"
 
+#include "Modules/FrameworkLibrary.h"
 #include "Platform/Files.h"
 #include "Platform/Text.h"
 
@@ -14,7 +15,8 @@ bool RecordingPrompt::AskYesNo(BoxKind /*kind*/, const std::wstring& text, const
     return answer;
 }
 
-TestApplication::TestApplication() : m_dataFolder("vantrel_data_dir", m_folder.Path())
+TestApplication::TestApplication()
+    : framework(LoadFrameworkLibrary()), m_dataFolder("vantrel_data_dir", m_folder.Path())
 {
     g_pApp = this;
 }

@@ -30,9 +30,9 @@ public:
     ~TestApplication() override;
 
     ModuleSet& Modules() override { return m_modules; }
+    Platform::LibraryHandle Framework() override { return framework; }
     IUserPrompt& Prompt() override { return prompt; }
     void SetDocOpenState(int state) override { docOpenState = state; }
-    bool HasActiveDocument() const override { return false; }
 
     /// Loads rule modules of the test folder by file name without suffix, and forgets the
     /// calls that they noted before.
@@ -42,6 +42,7 @@ public:
     void LoadDatabaseModules(const std::vector<std::wstring>& names);
 
     RecordingPrompt prompt;
+    Platform::LibraryHandle framework; // the real one unless a test puts another in its place
     int docOpenState = 0;
 
 private:

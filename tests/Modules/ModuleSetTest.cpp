@@ -179,13 +179,12 @@ TEST_F(ModuleSetTest, AModuleThatComesBackBeforeItIsFreedStaysLoaded)
 
 TEST_F(ModuleSetTest, APathThatIsListedTwiceIsOneLibraryAndLeavesAsOne)
 {
-    // Two spellings that differ in case only are one path in the list, which has none.
+    // Two spellings that differ in case only are one path in the list, which has none. Each
+    // line of the list is a place in the array; the library is one, and so are its rules.
     Configure({ Complete, L"TESTMODULECOMPLETE" });
-    EXPECT_THAT(m_modules.ConfigModules(), testing::Not(IsEmpty()));
-    for (const Platform::LibraryHandle handle : m_modules.ConfigModules())
-    {
-        EXPECT_EQ(handle, HandleOf(Complete));
-    }
+    ASSERT_EQ(m_modules.ConfigModules().size(), 2U);
+    EXPECT_EQ(m_modules.ConfigModules()[0], HandleOf(Complete));
+    EXPECT_EQ(m_modules.ConfigModules()[1], HandleOf(Complete));
     Configure({});
     ModuleSet::FreeModules(m_toFree);
     EXPECT_EQ(HandleOf(Complete), nullptr);

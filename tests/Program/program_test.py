@@ -1,7 +1,7 @@
 """Starts the real program on a folder of its own and looks at files, windows and exit status.
 
 Usage: program_test.py <program> <samples folder> [unittest arguments]
-Needs a display with a window manager, xdotool and xmllint.
+Needs a display with a window manager, xdotool, xev and xmllint.
 """
 
 import os
@@ -106,6 +106,14 @@ class ProgramTest(unittest.TestCase):
         window = self.wait_until(lambda: xdotool("search", "--onlyvisible", "--name", pattern), f"window {pattern!r}")
         xdotool("windowactivate", "--sync", window[0])
 
+    def cover(self, window):
+        """Opens a window of another program, which becomes the active one."""
+        other = subprocess.Popen(["xev", "-geometry", "1200x900+0+0"], stdout=subprocess.DEVNULL)
+        self.processes.append(other)
+        self.wait_until(lambda: xdotool("search", "--onlyvisible", "--name", "^Event Tester$"), "the other window")
+        xdotool("windowactivate", "--sync", xdotool("search", "--onlyvisible", "--name", "^Event Tester$")[0])
+        self.wait_until(lambda: xdotool("getactivewindow") not in ([], [window]), "the other window in front")
+
     def press(self, *keys):
         for key in keys:
             xdotool("key", "--clearmodifiers", key)
@@ -181,6 +189,9 @@ class ProgramTest(unittest.TestCase):
         first = self.start(self.copy_sample("milled-bracket.vrf"))
         self.wait_for_title(first, "^milled-bracket.vrf - ")
         window = xdotool("search", "--onlyvisible", "--name", "^milled-bracket.vrf - ")[0]
+        self.cover(window)
+        self.assertEqual(self.wait_for_end(self.start()), 0)
+        self.wait_until(lambda: xdotool("getactivewindow") == [window], "the window in front of the other")
         xdotool("windowminimize", "--sync", window)
         self.wait_until(lambda: self.titles(first) == [], "the minimised window")
         second = self.start()

@@ -1,0 +1,23 @@
+#include "Document/ModuleReload.h"
+
+#include "Document/RuleDocument.h"
+#include "Modules/ModuleSet.h"
+#include "Platform/Files.h"
+#include "Utilities/QOXUIUtils.h"
+
+void ReloadRuleModules(ModuleSet& modules, const std::vector<OpenRuleDocument>& documents)
+{
+    ModuleSet::Handles listConfigModulesToFree;
+    modules.LoadConfigModules(listConfigModulesToFree);
+    modules.UpdateDBModuleList();
+    for (const OpenRuleDocument& document : documents)
+    {
+        if (!document.isModified && !document.path.empty() && Platform::FileExists(document.path))
+        {
+            document.rules.Header().LoadRuleFile(ToNarrow(document.path));
+        }
+        document.reloadViews();
+    }
+    // Only now: until the views were filled anew, rules pointed into these.
+    ModuleSet::FreeModules(listConfigModulesToFree);
+}

@@ -1,0 +1,120 @@
+// The document within the document/view framework, without windows.
+
+#include "Document/ConfigModuleDoc.h"
+
+#include "Platform/Files.h"
+#include "tests/Document/TestApplication.h"
+#include "tests/Support/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/docview.h>
+#include <wx/init.h>
+
+namespace
+{
+
+/// A view that holds nothing.
+class EmptyView : public wxView
+{
+public:
+    bool OnCreate(wxDocument* document, long /*flags*/) override
+    {
+        SetDocument(document);
+        return true;
+    }
+    void OnDraw(wxDC* /*dc*/) override {}
+    bool OnClose(bool /*deleteWindow*/) override { return true; }
+    void OnChangeFilename() override {}
+
+private:
+    wxDECLARE_DYNAMIC_CLASS(EmptyView);
+};
+
+wxIMPLEMENT_DYNAMIC_CLASS(EmptyView, wxView);
+
+class ConfigModuleDocTest : public testing::Test
+{
+protected:
+    ConfigModuleDocTest()
+    {
+        // The manager owns its template.
+        new wxDocTemplate(&manager, "Rule File", "*.vrf", "", "vrf", "Rule File", "Rules",
+                          wxCLASSINFO(CQOXRMConfigModuleDoc), wxCLASSINFO(EmptyView));
+    }
+    ~ConfigModuleDocTest() override { manager.CloseDocuments(true); }
+
+    CQOXRMConfigModuleDoc& New() { return dynamic_cast<CQOXRMConfigModuleDoc&>(*manager.CreateNewDocument()); }
+
+    TestApplication application;
+    wxInitializer toolkit;
+    wxDocManager manager;
+};
+
+} // namespace
+
+TEST_F(ConfigModuleDocTest, ANewDocumentHasItsBareTitleAsPathAndInTheRecentFiles)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    EXPECT_EQ(document.GetTitle(), "unnamed1");
+    EXPECT_EQ(document.GetFilename(), "unnamed1");
+    ASSERT_EQ(manager.GetHistoryFilesCount(), 1U);
+    EXPECT_TRUE(manager.GetHistoryFile(0).EndsWith("unnamed1")) << manager.GetHistoryFile(0);
+}
+
+TEST_F(ConfigModuleDocTest, AModifiedReadOnlyDocumentHasItsMarkOnceAndThenAStar)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    document.Rules().SetReadOnly(true);
+    document.SetDocumentTitle("rules.vrf");
+    EXPECT_EQ(document.GetTitle(), "rules.vrf [Read-Only] ");
+    document.Modify(true);
+    EXPECT_EQ(document.GetTitle(), "rules.vrf [Read-Only] *");
+    document.Modify(true);
+    EXPECT_EQ(document.GetTitle(), "rules.vrf [Read-Only] *");
+    document.Modify(false);
+    EXPECT_EQ(document.GetTitle(), "rules.vrf [Read-Only] ");
+}
+
+TEST_F(ConfigModuleDocTest, ATitleOfOneStarBecomesEmptyWhenTheModificationGoes)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    document.Modify(true);
+    document.SetTitle("*");
+    document.Modify(false);
+    EXPECT_EQ(document.GetTitle(), "");
+}
+
+TEST_F(ConfigModuleDocTest, ClosingTheLastDocumentDisablesTheCommandsOnOneRule)
+{
+    CQOXRMConfigModuleDoc& first = New();
+    CQOXRMConfigModuleDoc& second = New();
+    application.docOpenState = 1;
+    EXPECT_TRUE(manager.CloseDocument(&first, true));
+    EXPECT_EQ(application.docOpenState, 1);
+    EXPECT_TRUE(manager.CloseDocument(&second, true));
+    EXPECT_EQ(application.docOpenState, 0);
+}
+
+TEST_F(ConfigModuleDocTest, AFileThatCannotBeReadIsNamedAndNotOpened)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"broken.vrf");
+    WriteBytes(path, "no xml");
+    CQOXRMConfigModuleDoc& document = New();
+    EXPECT_FALSE(document.OnOpenDocument(path));
+    ASSERT_EQ(application.prompt.texts.size(), 1U);
+    EXPECT_NE(application.prompt.texts[0].find(path), std::wstring::npos);
+}
+
+TEST_F(ConfigModuleDocTest, SavingClearsTheModificationAndFailingToSaveKeepsIt)
+{
+    const TemporaryFolder folder;
+    CQOXRMConfigModuleDoc& document = New();
+    document.Modify(true);
+    EXPECT_FALSE(document.OnSaveDocument(folder.File(L"missing") + Platform::PathSeparator + L"rules.vrf"));
+    EXPECT_TRUE(document.IsModified());
+    EXPECT_EQ(application.prompt.texts.size(), 1U);
+    EXPECT_TRUE(document.OnSaveDocument(folder.File(L"rules.vrf")));
+    EXPECT_FALSE(document.IsModified());
+}
