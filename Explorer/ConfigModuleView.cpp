@@ -100,6 +100,7 @@ void CQOXRMConfigModuleView::OnInitialUpdate()
 {
     UpdateRuleList(true);
     Layout();
+    m_ruleList->Sort(RuleOrder::KeyTicked);
     SetSingleSelection(false);
     m_explorer->ApplyUnitsToNewRules();
     m_explorer->ShowRuleSummary();
@@ -121,11 +122,43 @@ void CQOXRMConfigModuleView::OnDraw(wxDC* /*dc*/) {}
 void CQOXRMConfigModuleView::OnUpdate(wxView* /*sender*/, wxObject* hint)
 {
     const auto* const ruleHint = dynamic_cast<RuleViewHint*>(hint);
-    if (ruleHint != nullptr && ruleHint->Hint() == ViewHint::Reload)
+    if (ruleHint == nullptr)
     {
+        return;
+    }
+    m_ruleList->SetFilling(true); // rows that come and go here are no choice of the user's
+    switch (ruleHint->Hint())
+    {
+    case ViewHint::Reload:
         m_ruleList->SetFocus();
         UpdateRuleList(false);
+        break;
+    case ViewHint::UnitsChanged:
+        m_explorer->OnRuleUnitsChanged();
+        m_explorer->ShowRuleSummary();
+        break;
+    case ViewHint::RuleEdited:
+        m_explorer->ShowRuleSummary();
+        break;
+    case ViewHint::UserRuleAdded:
+        m_explorer->OnUserRuleAdded();
+        break;
+    case ViewHint::UserRuleDeleted:
+        if (ruleHint->Rule() != nullptr)
+        {
+            m_explorer->OnUserRuleDeleted(*ruleHint->Rule());
+        }
+        break;
+    case ViewHint::UserRuleChanged:
+        if (ruleHint->Rule() != nullptr)
+        {
+            m_explorer->OnUserRuleChanged(*ruleHint->Rule());
+        }
+        break;
+    case ViewHint::FileOpened:
+        break;
     }
+    m_ruleList->SetFilling(false);
 }
 
 void CQOXRMConfigModuleView::OnChangeFilename()

@@ -1,10 +1,38 @@
 #include "Explorer/ListCtrlEx.h"
 
+#include <Vantrel/QoxRule.h>
+
+#include <unordered_map>
+
 namespace
 {
 
 // A column is widened once a text needs more than it has with this much air.
 constexpr double ColumnAir = 1.2;
+
+/// What the control's sorting is handed. Rows that are equal keep their order.
+struct SortData
+{
+    const RuleOrder& order;
+    std::unordered_map<wxIntPtr, int> places;
+};
+
+int wxCALLBACK CompareRows(wxIntPtr first, wxIntPtr second, wxIntPtr data)
+{
+    const SortData& sort = *reinterpret_cast<const SortData*>(data);
+    const auto* const firstRule = reinterpret_cast<const CQoxRule*>(first);
+    const auto* const secondRule = reinterpret_cast<const CQoxRule*>(second);
+    int result = 0;
+    if (firstRule != nullptr && secondRule != nullptr)
+    {
+        result = sort.order.Compare(*firstRule, *secondRule);
+    }
+    else if (firstRule != secondRule)
+    {
+        result = firstRule == nullptr ? 1 : -1; // rows without a rule stand last
+    }
+    return result != 0 ? result : sort.places.at(first) - sort.places.at(second);
+}
 
 } // namespace
 
@@ -16,6 +44,7 @@ CQOXRMListCtrlEx::CQOXRMListCtrlEx(wxWindow* parent)
     Bind(wxEVT_LIST_ITEM_DESELECTED, &CQOXRMListCtrlEx::ReportChange, this);
     Bind(wxEVT_LIST_ITEM_CHECKED, &CQOXRMListCtrlEx::ReportChange, this);
     Bind(wxEVT_LIST_ITEM_UNCHECKED, &CQOXRMListCtrlEx::ReportChange, this);
+    Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) { Sort(event.GetColumn() + 1); });
     // Ahead of the control, whose own keys differ between the systems.
     Bind(wxEVT_CHAR_HOOK, &CQOXRMListCtrlEx::OnKey, this);
 }
@@ -65,6 +94,47 @@ void CQOXRMListCtrlEx::SelectAll()
     for (long row = 0; row < GetItemCount(); ++row)
     {
         SetItemState(row, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    }
+}
+
+void CQOXRMListCtrlEx::Sort(int key)
+{
+    m_order.Choose(key);
+    if (m_order.Column() + 1 == RuleOrder::KeyTicked)
+    {
+        NoteTickedRules();
+    }
+    const CQoxRule* const focused = RuleOfRow(static_cast<int>(GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED)));
+    SortData data{ m_order, {} };
+    for (int row = 0; row < RowCount(); ++row)
+    {
+        data.places.emplace(static_cast<wxIntPtr>(GetItemData(row)), row);
+    }
+    SortItems(&CompareRows, reinterpret_cast<wxIntPtr>(&data));
+    ShowSortIndicator(m_order.Column(), m_order.IsAscending());
+    FocusRow(focused);
+}
+
+void CQOXRMListCtrlEx::NoteTickedRules()
+{
+    for (int row = 0; row < RowCount(); ++row)
+    {
+        if (CQoxRule* const rule = RuleOfRow(row))
+        {
+            rule->m_nRuleState = IsTicked(row) ? 1 : 0;
+        }
+    }
+}
+
+void CQOXRMListCtrlEx::FocusRow(const CQoxRule* rule)
+{
+    for (int row = 0; rule != nullptr && row < RowCount(); ++row)
+    {
+        if (RuleOfRow(row) == rule)
+        {
+            SetItemState(row, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+            return;
+        }
     }
 }
 

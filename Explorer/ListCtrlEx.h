@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Explorer/RuleOrder.h"
 #include "Explorer/RuleRows.h"
 
 #include <wx/listctrl.h>
@@ -20,6 +21,10 @@ public:
     /// While set, changes of rows are the program's own and are not reported.
     void SetFilling(bool filling) { m_filling = filling; }
 
+    /// Sorts the rows by the key of a column, or turns the order round if they are sorted by
+    /// it. The header shows by which column and which way.
+    void Sort(int key);
+
     int RowCount() const override;
     CQoxRule* RuleOfRow(int row) const override;
     int InsertRow(CQoxRule* rule, const std::wstring& text) override;
@@ -39,8 +44,11 @@ private:
     void OnKey(wxKeyEvent& event);
     void ToggleSelected();
     void SelectAll();
+    void NoteTickedRules();
+    void FocusRow(const CQoxRule* rule);
 
     std::function<void(int)> m_rowChanged;
     bool m_filling = false;
     int m_anchor = -1;
+    RuleOrder m_order;
 };

@@ -8,8 +8,9 @@
 #include "Utilities/QOXUIUtils.h"
 #include "Utilities/Texts.h"
 
-#include <Vantrel/QoxRule.h>
+#include <Vantrel/ConcreteQOXRule.h>
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -257,6 +258,86 @@ void RuleExplorer::ApplyUnitsToNewRules()
         const bool isNew = !documentRules.contains(UnitKey(*rule));
         rule->UpdateRule(isNew ? &oldUnits : &newUnits, &newUnits);
     }
+}
+
+void RuleExplorer::OnRuleUnitsChanged()
+{
+    for (CQoxRule* const rule : RulesOfRows())
+    {
+        rule->UpdateRule(&m_document.Header().oldRuleUnits, &m_document.Header().newRuleUnits);
+    }
+}
+
+void RuleExplorer::OnUserRuleAdded()
+{
+    const PointerArray& rules = m_document.UserRules();
+    if (rules.GetSize() > 0)
+    {
+        m_lastTickedRow = -1;
+        AddRow(rules[rules.GetSize() - 1]);
+        if (m_lastTickedRow >= 0)
+        {
+            m_rows.SetSelected(m_lastTickedRow, false);
+        }
+    }
+    ShowCounts();
+}
+
+void RuleExplorer::OnUserRuleDeleted(const CQoxRule& rule)
+{
+    CQoxRule* deleted = FindUserRule(rule.m_strRuleName);
+    const int row = RowOfRule(deleted);
+    if (row >= 0)
+    {
+        m_rows.RemoveRow(row);
+        m_window.SetDocumentModified(true);
+        m_document.DeleteRuleFromDocument(deleted);
+    }
+    ShowCounts();
+}
+
+void RuleExplorer::OnUserRuleChanged(CQoxRule& rule)
+{
+    auto* const changed = dynamic_cast<ConcreteQOXRule*>(FindUserRule(rule.m_strRuleName));
+    if (changed == nullptr)
+    {
+        return;
+    }
+    if (changed != &rule)
+    {
+        *changed = &rule;
+    }
+    m_window.SetDocumentModified(true);
+    if (const int row = RowOfRule(changed); row >= 0)
+    {
+        m_rows.SetText(row, static_cast<int>(RuleColumn::Name), changed->m_strRuleName);
+        for (const RuleColumn column : { RuleColumn::Category, RuleColumn::Criticality })
+        {
+            m_rows.SetText(row, static_cast<int>(column), RuleColumnText(*changed, column));
+        }
+    }
+    ShowRuleSummary();
+}
+
+CQoxRule* RuleExplorer::FindUserRule(const std::wstring& name) const
+{
+    const PointerArray& rules = m_document.UserRules();
+    const auto found =
+        std::find_if(rules.begin(), rules.end(),
+                     [&name](const CQoxRule* rule) { return Platform::EqualsNoCase(rule->m_strRuleName, name); });
+    return found == rules.end() ? nullptr : *found;
+}
+
+int RuleExplorer::RowOfRule(const CQoxRule* rule) const
+{
+    for (int row = rule == nullptr ? -1 : m_rows.RowCount() - 1; row >= 0; --row)
+    {
+        if (m_rows.RuleOfRow(row) == rule)
+        {
+            return row;
+        }
+    }
+    return -1;
 }
 
 std::vector<CQoxRule*> RuleExplorer::RulesOfRows() const

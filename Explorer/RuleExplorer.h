@@ -45,6 +45,18 @@ public:
     /// Converts the rules that are new to the document to its units.
     void ApplyUnitsToNewRules();
 
+    /// The document's units have changed: converts the rules of all rows.
+    void OnRuleUnitsChanged();
+
+    /// A user-defined rule has come to the end of the document's list.
+    void OnUserRuleAdded();
+
+    /// The user-defined rule with this one's name has been deleted.
+    void OnUserRuleDeleted(const CQoxRule& rule);
+
+    /// The user-defined rule with this one's name has become what this one is.
+    void OnUserRuleChanged(CQoxRule& rule);
+
     /// The rules of all rows.
     std::vector<CQoxRule*> RulesOfRows() const;
 
@@ -57,6 +69,8 @@ private:
     void RemoveStaleRows();
     void FillRows();
     void MarkSingleSelection();
+    CQoxRule* FindUserRule(const std::wstring& name) const;
+    int RowOfRule(const CQoxRule* rule) const;
 
     RuleDocument& m_document;
     const ModuleSet& m_modules;

@@ -400,6 +400,69 @@ TEST_F(RuleExplorerTest, AReloadAsksNoModuleASecondTimeAndRebuildsTheUserDefined
     EXPECT_EQ(count("GetAllRules"), 1);
 }
 
+TEST_F(RuleExplorerTest, AChangeOfUnitsConvertsTheRulesOfAllRowsAndIsNoChangeOfTheDocument)
+{
+    LoadModules();
+    OpenWith(FirstRule);
+    document.Header().oldRuleUnits = { 0, 0 };
+    document.Header().newRuleUnits = { 3, 0 };
+    explorer.OnRuleUnitsChanged();
+    EXPECT_DOUBLE_EQ(rows.RuleOfRow(2)->Parameters()[0].dValue, 42 / 25.4);
+    EXPECT_FALSE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, AUserDefinedRuleThatIsAddedGetsARowAtTheEnd)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    ConcreteQOXRule rule;
+    rule.m_strRuleModule = InteractiveRuleMark;
+    rule.m_strRuleName = L"Mine";
+    document.AddUserRule(&rule);
+    explorer.OnUserRuleAdded();
+    ASSERT_EQ(rows.RowCount(), 5);
+    EXPECT_EQ(rows.RuleOfRow(4), document.UserRules()[0]);
+    EXPECT_EQ(window.status, FormatText(TextId::RuleCount, { L"0", L"5" }));
+}
+
+TEST_F(RuleExplorerTest, AUserDefinedRuleThatIsDeletedLosesItsRowAndItsPlaceInTheDocument)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/></Lumeq>");
+    OpenWith("");
+    Tick(4, true);
+    window.modified = false;
+    ConcreteQOXRule rule;
+    rule.m_strRuleName = L"MINE";
+    explorer.OnUserRuleDeleted(rule);
+    EXPECT_EQ(rows.RowCount(), 4);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    EXPECT_EQ(document.UserRules().GetSize(), 0);
+    EXPECT_TRUE(window.modified);
+
+    window.modified = false;
+    explorer.OnUserRuleDeleted(rule);
+    EXPECT_FALSE(window.modified) << "a name that isn't there";
+}
+
+TEST_F(RuleExplorerTest, AUserDefinedRuleThatIsChangedShowsItsNewTexts)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/></Lumeq>");
+    OpenWith("");
+    ConcreteQOXRule rule;
+    rule.m_strRuleModule = VSTARuleMark;
+    rule.m_strRuleName = L"Mine";
+    rule.m_strCategory = L"Shop";
+    rule.m_nCriticality = 5;
+    explorer.OnUserRuleChanged(rule);
+    EXPECT_EQ(document.UserRules()[0]->m_strCategory, L"Shop");
+    EXPECT_EQ(rows.At(4).texts[0], L"Mine");
+    EXPECT_EQ(rows.At(4).texts[1], L"Shop");
+    EXPECT_EQ(rows.At(4).texts[3], CriticalityText(5));
+    EXPECT_TRUE(window.modified);
+}
+
 TEST_F(RuleExplorerTest, TheFirstColumnIsMeasuredOnTheRulesName)
 {
     LoadModules();

@@ -233,7 +233,7 @@ class ProgramTest(unittest.TestCase):
         path = self.copy_sample("milled-bracket.vrf")
         process = self.start(path)
         self.focus("^milled-bracket.vrf - ")
-        self.press("Home", "shift+Down", "shift+Down", "space", "ctrl+s")
+        self.press("End", "shift+Up", "shift+Up", "space", "ctrl+s")  # the rows of the file stand first
         self.wait_until(lambda: len(self.rule_names(path)) == 14, "three more rules in the file")
         self.press("ctrl+a", "space", "ctrl+s")  # the focused row is ticked: all are cleared
         self.wait_until(lambda: self.rule_names(path) == [], "no rule in the file")
