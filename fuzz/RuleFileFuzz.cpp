@@ -46,6 +46,7 @@ private:
     {
         return false;
     }
+    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
 };

@@ -14,6 +14,12 @@ bool RecordingPrompt::AskYesNo(BoxKind /*kind*/, const std::wstring& text, const
     return answer;
 }
 
+std::optional<std::wstring> RecordingPrompt::AskPassword(PasswordPurpose purpose)
+{
+    passwordPurposes.push_back(purpose);
+    return password;
+}
+
 TestApplication::TestApplication() : m_dataFolder("vantrel_data_dir", m_folder.Path())
 {
     g_pApp = this;
