@@ -24,6 +24,21 @@ wxString LabelFor(PasswordPurpose purpose)
     return LoadText(purpose == PasswordPurpose::Set ? TextId::SetPasswordLabel : TextId::EnterPasswordLabel);
 }
 
+/// Systems leave spaces of their own behind the last button, with which it would not stand
+/// under the end of the field.
+void DropSpaceAtEnd(wxSizer& buttons)
+{
+    wxSizerItem* const last = buttons.GetChildren().GetLast()->GetData();
+    if (last->IsSpacer())
+    {
+        last->AssignSpacer(0, last->GetSpacer().GetHeight());
+    }
+    else
+    {
+        last->SetFlag(last->GetFlag() & ~wxRIGHT);
+    }
+}
+
 } // namespace
 
 CPasswordDlg::CPasswordDlg(wxWindow* parent, PasswordPurpose purpose, IUserPrompt& prompt)
@@ -46,11 +61,13 @@ void CPasswordDlg::MakeControls(PasswordPurpose purpose)
     field->Add(fieldLabel, wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(Gap)));
     field->Add(m_edit, wxSizerFlags(1).CentreVertical());
 
+    wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
+    DropSpaceAtEnd(*buttons);
+
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(label, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Margin)));
     rows->Add(field, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
-    rows->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL),
-              wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM | wxRIGHT, FromDIP(Margin)));
+    rows->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM | wxRIGHT, FromDIP(Margin)));
     SetSizerAndFit(rows);
 }
 

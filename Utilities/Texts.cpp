@@ -60,7 +60,7 @@ constexpr std::array Entries = {
     Entry{ TextId::PasswordTooLong, L"The password is too long. A rule file has room for %1 characters." },
     Entry{ TextId::SetPasswordTitle, L"Set Password" },
     Entry{ TextId::SetPasswordLabel,
-           L"Saving over this rule file will need the password. It can't be changed or removed later. Anyone can "
+           L"Saving this rule file will need the password. It can't be changed or removed later. Anyone can "
            L"still open the file." },
     Entry{ TextId::EnterPasswordTitle, L"Enter Password" },
     Entry{ TextId::EnterPasswordLabel, L"This rule file is protected. It is saved only with its password." },
