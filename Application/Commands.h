@@ -25,6 +25,7 @@ struct Command
 enum CommandId : int
 {
     CommandToggleLog = wxID_HIGHEST + 1,
+    CommandSetPassword,
 };
 
 inline constexpr std::array CommandTable = {
@@ -33,6 +34,8 @@ inline constexpr std::array CommandTable = {
     Command{ wxID_CLOSE, TextId::MenuFile, {}, TextId::TipClose, nullptr, wxITEM_NORMAL, false },
     Command{ wxID_SAVE, TextId::MenuFile, {}, TextId::TipSave, wxART_FILE_SAVE, wxITEM_NORMAL, true },
     Command{ wxID_SAVEAS, TextId::MenuFile, {}, TextId::TipSaveAs, nullptr, wxITEM_NORMAL, false },
+    Command{ CommandSetPassword, TextId::MenuFile, TextId::CommandSetPassword, TextId::TipSetPassword, nullptr,
+             wxITEM_NORMAL, false },
     Command{ wxID_EXIT, TextId::MenuFile, {}, TextId::TipExit, nullptr, wxITEM_NORMAL, true },
     Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },
     Command{ wxID_ABOUT, TextId::MenuHelp, {}, TextId::TipAbout, nullptr, wxITEM_NORMAL, false },

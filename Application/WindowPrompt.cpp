@@ -1,6 +1,9 @@
 #include "Application/WindowPrompt.h"
 
+#include "Document/PasswordDlg.h"
+
 #include <wx/msgdlg.h>
+#include <wx/utils.h>
 
 namespace
 {
@@ -19,14 +22,52 @@ long IconOf(BoxKind kind)
     return wxICON_NONE;
 }
 
+/// Shows the ordinary cursor while the user is asked in the midst of some work.
+class OrdinaryCursor
+{
+public:
+    OrdinaryCursor()
+    {
+        for (; wxIsBusy(); ++m_levels)
+        {
+            wxEndBusyCursor();
+        }
+    }
+    ~OrdinaryCursor()
+    {
+        for (; m_levels > 0; --m_levels)
+        {
+            wxBeginBusyCursor();
+        }
+    }
+    OrdinaryCursor(const OrdinaryCursor&) = delete;
+    OrdinaryCursor& operator=(const OrdinaryCursor&) = delete;
+
+private:
+    int m_levels = 0;
+};
+
 } // namespace
 
 void WindowPrompt::ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
+    const OrdinaryCursor cursor;
     wxMessageDialog(wxGetActiveWindow(), text, caption, wxOK | IconOf(kind)).ShowModal();
 }
 
 bool WindowPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
+    const OrdinaryCursor cursor;
     return wxMessageDialog(wxGetActiveWindow(), text, caption, wxYES_NO | IconOf(kind)).ShowModal() == wxID_YES;
+}
+
+std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
+{
+    const OrdinaryCursor cursor;
+    CPasswordDlg dialog(wxGetActiveWindow(), purpose, *this);
+    if (dialog.ShowModal() != wxID_OK)
+    {
+        return std::nullopt;
+    }
+    return dialog.strPassword.ToStdWstring();
 }

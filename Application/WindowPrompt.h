@@ -2,10 +2,11 @@
 
 #include "Utilities/UserPrompt.h"
 
-/// Asks the user with message boxes over the active window.
+/// Asks the user with boxes over the active window.
 class WindowPrompt : public IUserPrompt
 {
 public:
     void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+    std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
 };

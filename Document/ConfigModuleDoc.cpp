@@ -60,11 +60,10 @@ bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
     {
     case RuleDocument::SaveFailure::None:
         break;
-    case RuleDocument::SaveFailure::Protected:
-        ShowFailure(TextId::ProtectedFileNotSaved, path);
-        return false;
     case RuleDocument::SaveFailure::NotWritable:
         ShowFailure(TextId::FileNotSaved, path);
+        return false;
+    case RuleDocument::SaveFailure::NoPassword:
         return false;
     case RuleDocument::SaveFailure::NotWritten:
         ShowFailure(TextId::RulesNotLoaded, path);

@@ -34,8 +34,8 @@ void FindBelow(CQoxRule* top, std::int32_t index, CQoxRule*& out)
 
 } // namespace
 
-CQOXRMLumeq::CQOXRMLumeq(IUserPrompt* prompt)
-    : m_treeRoot(std::make_unique<CQOXRMTreeRootRule>(prompt)), m_prompt(prompt)
+CQOXRMLumeq::CQOXRMLumeq(IUserPrompt* prompt, LocalClock clock)
+    : m_treeRoot(std::make_unique<CQOXRMTreeRootRule>(prompt)), m_prompt(prompt), m_clock(clock)
 {
 }
 

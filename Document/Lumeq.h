@@ -7,6 +7,7 @@
 #include <Vantrel/RuleUnits.h>
 
 #include <cstdint>
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -16,6 +17,13 @@ class QoxXMLDocument;
 class QoxXMLListWriter;
 class QoxXMLNode;
 class RuleElementReader;
+class RulesDigest;
+
+/// Tells the local time.
+using LocalClock = std::tm (*)();
+
+/// The system's local time.
+std::tm CurrentLocalTime();
 
 /// Header record of a rule file and container of its rules; reads and writes rule files.
 ///
@@ -24,8 +32,8 @@ class CQOXRMLumeq
 {
 public:
     /// `prompt` shows what a user must know while a file is read; null shows nothing. Not
-    /// owned.
-    explicit CQOXRMLumeq(IUserPrompt* prompt = nullptr);
+    /// owned. `clock` is what saves are stamped by.
+    explicit CQOXRMLumeq(IUserPrompt* prompt = nullptr, LocalClock clock = CurrentLocalTime);
     virtual ~CQOXRMLumeq();
     CQOXRMLumeq(const CQOXRMLumeq&) = delete;
     CQOXRMLumeq& operator=(const CQOXRMLumeq&) = delete;
@@ -75,11 +83,12 @@ public:
     bool LoadRuleList(const std::wstring& path);
 
     /// Writes the rules that aren't marked as deleted. False if there is no application, no
-    /// path or no framework library; a file that can't be written is not noticed. The path
-    /// is in the system code page.
+    /// path, no framework library or a password that is too long; a file that can't be
+    /// written is not noticed. The path is in the system code page.
     bool WriteRuleFile(const std::string& path);
 
-    /// Writes the file of user-defined rules. False for an empty path.
+    /// Writes the file of user-defined rules. False for an empty path or a password that is
+    /// too long.
     bool WriteUserFile(const std::wstring& path);
 
     /// Takes the units, the protection and the rules from a root element. Null does nothing.
@@ -96,8 +105,41 @@ public:
     /// result is false in all cases.
     bool DistributeXmlDoc();
 
+    // --- protection ---
+
     /// True if the file carries a password.
     bool IsPasswordProtected() const { return bIsRuleFilePasswordProtected; }
+
+    /// Takes a password for the file. False, with nothing taken, if it is too long for one.
+    bool SetPassword(const std::wstring& password);
+
+    /// Copies the password; empty without one.
+    void GetPassword(std::wstring& password) const { password = strPasswordInRuleFile; }
+
+    /// Adds the password to a root element. False, with nothing added, if it is too long.
+    bool WritePassword(QoxXMLNode& root) const;
+
+    /// Adds the digest of the rules to a root element. An empty one is added too; a file
+    /// with it isn't protected for a reader.
+    static void WriteDigest(QoxXMLNode& root, RulesDigest& digest);
+
+    /// The digest of the rules that stand below a root element; empty if there are none.
+    static void ComputeDigest(const QoxXMLNode& root, std::wstring& digest);
+
+    // --- details of a save ---
+
+    /// Takes user, time and path of a save. Path and name of the language are in the system
+    /// code page. Files don't carry the details.
+    void UpdateFileDetails(const std::string& path, const std::string& language);
+
+    /// The user's name for the system.
+    std::wstring GetUserNameText() const;
+
+    /// Date and time as the language, by its English name in any case, writes them. A name
+    /// without a form of its own takes month, day and year.
+    std::wstring GetDateTimeStamp(const std::string& language) const;
+    std::wstring GetFormattedDate(const std::string& language) const;
+    std::wstring GetFormattedTime(const std::string& language) const;
 
     structRulesUnit newRuleUnits; ///< Units in which the rules' values stand.
     structRulesUnit oldRuleUnits; ///< Units before the last change.
@@ -110,9 +152,11 @@ public:
 private:
     CQoxRule* ReadRuleThrough(RuleElementReader& reader, QoxXMLNode* node);
     void AppendHeaderAttributes(QoxXMLNode& root) const;
-    void AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, bool logRules) const;
+    bool CanWritePassword() const;
+    void CheckProtection(const QoxXMLNode& root);
 
     std::unique_ptr<CQOXRMTreeRootRule> m_treeRoot;
     RuleTable m_rules;
     IUserPrompt* m_prompt; // owned by the program
+    LocalClock m_clock;
 };

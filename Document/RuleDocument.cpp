@@ -1,20 +1,28 @@
 #include "Document/RuleDocument.h"
 
+#include "Document/RulePassword.h"
 #include "Document/UserRuleFile.h"
 #include "Modules/RuleModule.h"
 #include "Platform/Files.h"
 #include "Platform/Library.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
+#include "Utilities/Texts.h"
+#include "Utilities/UserPrompt.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace
 {
+
+/// Details of a file are stamped in the form of no language: none goes into the file, and
+/// programs that read them from the document know this form.
+constexpr const char* NoLanguage = "";
 
 /// False if the code page lacks a character of the path: with another in its place it would
 /// name another file.
@@ -25,7 +33,7 @@ bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
 
 } // namespace
 
-RuleDocument::RuleDocument(IUserPrompt* prompt) : m_header(prompt) {}
+RuleDocument::RuleDocument(IUserPrompt* prompt) : m_prompt(prompt), m_header(prompt) {}
 
 RuleDocument::~RuleDocument()
 {
@@ -65,14 +73,20 @@ bool RuleDocument::Open(const std::wstring& path)
 RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
 {
     LogMessage(L"Save has been called");
-    if (m_header.IsPasswordProtected())
-    {
-        return SaveFailure::Protected;
-    }
     const std::string narrowPath = ToNarrow(path);
     if (!NamesSameFile(narrowPath, path) || !Platform::CanWriteFile(path))
     {
         return SaveFailure::NotWritable;
+    }
+    if (!m_bPasswordChecked && !AskPassword())
+    {
+        return SaveFailure::NoPassword;
+    }
+    LogMessage(L"Updating file details");
+    m_header.UpdateFileDetails(narrowPath, NoLanguage);
+    if (m_bPasswordChecked)
+    {
+        m_header.SetPassword(m_strPassword);
     }
     // A record of its own, so that what goes into the file is the rule list in its order,
     // with empty file details.
@@ -83,6 +97,10 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
         record.AddRuleInFile(rule, index);
         record.newRuleUnits = m_header.newRuleUnits;
         record.oldRuleUnits = m_header.oldRuleUnits;
+    }
+    if (m_bPasswordChecked)
+    {
+        record.SetPassword(m_strPassword);
     }
     if (!record.WriteRuleFile(narrowPath))
     {
@@ -174,10 +192,49 @@ void RuleDocument::ReleaseRules(const std::vector<CQoxRule*>& rules)
     }
 }
 
-void RuleDocument::SetDocPassword(const std::wstring& password)
+bool RuleDocument::SetDocPassword(const std::wstring& password)
 {
+    if (!RulePassword::Fits(password))
+    {
+        ShowBox(FormatText(TextId::PasswordTooLong, { std::to_wstring(RulePassword::MostUnits) }));
+        return false;
+    }
     m_strPassword = password;
     m_bPasswordChecked = true;
+    return true;
+}
+
+bool RuleDocument::AskPassword()
+{
+    if (!m_header.IsPasswordProtected())
+    {
+        return true;
+    }
+    m_bPasswordChecked = false;
+    const std::optional<std::wstring> password =
+        m_prompt != nullptr ? m_prompt->AskPassword(PasswordPurpose::Save) : std::nullopt;
+    if (!password)
+    {
+        return false;
+    }
+    std::wstring expected;
+    m_header.GetPassword(expected);
+    if (*password != expected)
+    {
+        ShowBox(LoadText(TextId::WrongPassword));
+        return false;
+    }
+    m_strPassword = *password;
+    m_bPasswordChecked = true;
+    return true;
+}
+
+void RuleDocument::ShowBox(const std::wstring& text) const
+{
+    if (m_prompt != nullptr)
+    {
+        m_prompt->ShowBox(BoxKind::Warning, text, LoadText(TextId::ApplicationTitle));
+    }
 }
 
 void RuleDocument::ForgetRule(const CQoxRule* rule)

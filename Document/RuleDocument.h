@@ -27,15 +27,17 @@ public:
     /// rules. False if the file can't be read or isn't XML.
     bool Open(const std::wstring& path);
 
-    /// Writes the rules of the rule list. False if the file may not be written or must not
-    /// be; the reason is in `failure` then.
+    /// Why a document wasn't saved.
     enum class SaveFailure
     {
         None,
-        Protected,   ///< The file carries a password that would be lost.
         NotWritable, ///< The file or its folder refuses writing.
+        NoPassword,  ///< The password wasn't given, which the user knows.
         NotWritten,  ///< There is no framework library to write with.
     };
+
+    /// Writes the rules of the rule list, once the user has given the password of a
+    /// protected document.
     SaveFailure Save(const std::wstring& path);
 
     /// Reads `UserDefinedFile.xml`, which is made if it doesn't exist, and appends its rules
@@ -57,7 +59,17 @@ public:
     void ReleaseRules(const std::vector<CQoxRule*>& rules);
 
     bool IsPasswordProtected() const { return m_header.IsPasswordProtected(); }
-    void SetDocPassword(const std::wstring& password);
+
+    /// True if the file carries a password or will with the next save. It can't get another.
+    bool HasPassword() const { return IsPasswordProtected() || m_bPasswordChecked; }
+
+    /// Gives the file a password with the next save. False, after telling the user, if it
+    /// is too long for a file.
+    bool SetDocPassword(const std::wstring& password);
+
+    /// Has the user give the password of a protected document, once in its life; true
+    /// without asking for any other. False, after telling the user, for a wrong one.
+    bool AskPassword();
 
     CQOXRMLumeq& Header() { return m_header; }
     const CQOXRMLumeq& Header() const { return m_header; }
@@ -71,13 +83,15 @@ public:
 
 private:
     void ForgetRule(const CQoxRule* rule);
+    void ShowBox(const std::wstring& text) const;
 
+    IUserPrompt* m_prompt; // owned by the program
     CQOXRMLumeq m_header;
     bool m_bUnitSet = false;
     RuleList m_ruleList;
     PointerArray m_userRules; // owned
     bool m_bReadOnly = false;
     std::wstring m_strOpenPath;
-    bool m_bPasswordChecked = false;
+    bool m_bPasswordChecked = false; ///< The password has been settled in this run.
     std::wstring m_strPassword;
 };

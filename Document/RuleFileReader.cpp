@@ -105,14 +105,7 @@ void CQOXRMLumeq::ReadHeader(QoxXMLNode* root)
     ReadUnit(*root, RuleFileNames::Unit, newRuleUnits.linear);
     ReadUnit(*root, RuleFileNames::AngularUnit, newRuleUnits.angular);
 
-    std::wstring password;
-    std::wstring digest;
-    root->GetAttributeValue(RuleFileNames::Password, password);
-    root->GetAttributeValue(RuleFileNames::RulesData, digest);
-    if (!password.empty() && !digest.empty())
-    {
-        bIsRuleFilePasswordProtected = true;
-    }
+    CheckProtection(*root);
 
     const std::unique_ptr<QoxXMLNodeList> elements(root->GetNodeList1(RuleFileNames::Rule));
     if (elements == nullptr)

@@ -1,5 +1,6 @@
 #include "Document/Lumeq.h"
 #include "Document/RuleFileNames.h"
+#include "Document/RulesDigest.h"
 #include "Document/XmlOperation.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Utilities/QOXUIUtils.h"
@@ -7,6 +8,7 @@
 #include <Vantrel/QoxRule.h>
 #include <Vantrel/QoxXml.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -32,6 +34,23 @@ std::unique_ptr<QoxXMLNode> MakeRoot()
     return root;
 }
 
+/// What is to be done with each rule that was written, beside writing it.
+using ElementObserver = std::function<void(const CQoxRule& rule, const QoxXMLNode& element)>;
+
+void AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, const ElementObserver& beforeAppending)
+{
+    for (CQoxRule* const rule : rules)
+    {
+        const std::unique_ptr<QoxXMLNode> element(rule->GetXML());
+        if (element == nullptr)
+        {
+            continue; // the rule failed; the others are still saved
+        }
+        beforeAppending(*rule, *element);
+        writer.Append(*element);
+    }
+}
+
 } // namespace
 
 void CQOXRMLumeq::AppendHeaderAttributes(QoxXMLNode& root) const
@@ -44,26 +63,9 @@ void CQOXRMLumeq::AppendHeaderAttributes(QoxXMLNode& root) const
     root.AddAttribute1(RuleFileNames::Version, RuleFileNames::VersionText);
 }
 
-void CQOXRMLumeq::AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, bool logRules) const
-{
-    for (CQoxRule* const rule : rules)
-    {
-        const std::unique_ptr<QoxXMLNode> element(rule->GetXML());
-        if (element == nullptr)
-        {
-            continue; // the rule failed; the others are still saved
-        }
-        writer.Append(*element);
-        if (logRules)
-        {
-            LogMessage(L"%s has been added in the file to be saved", rule->m_strRuleName);
-        }
-    }
-}
-
 bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
 {
-    if (g_pApp == nullptr || path.empty())
+    if (g_pApp == nullptr || path.empty() || !CanWritePassword())
     {
         return false;
     }
@@ -82,7 +84,21 @@ bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
     const std::unique_ptr<QoxXMLNode> root = MakeRoot();
     AppendHeaderAttributes(*root);
     QoxXMLListWriter writer(*root);
-    AppendRules(writer, rules, true);
+    RulesDigest digest;
+    AppendRules(writer, rules,
+                [this, &digest](const CQoxRule& rule, const QoxXMLNode& element)
+                {
+                    if (bIsRuleFilePasswordProtected)
+                    {
+                        digest.Add(element);
+                    }
+                    LogMessage(L"%s has been added in the file to be saved", rule.m_strRuleName);
+                });
+    if (bIsRuleFilePasswordProtected)
+    {
+        WritePassword(*root);
+        WriteDigest(*root, digest);
+    }
 
     // A failed write is not reported: the old file is still whole then, and the lock on it
     // and the caller's state must go on as after any save.
@@ -94,7 +110,7 @@ bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
 bool CQOXRMLumeq::WriteUserFile(const std::wstring& path)
 {
     const std::string narrowPath = ToNarrow(path);
-    if (narrowPath.empty())
+    if (narrowPath.empty() || !CanWritePassword())
     {
         return false;
     }
@@ -104,8 +120,12 @@ bool CQOXRMLumeq::WriteUserFile(const std::wstring& path)
     XmlOperation::Begin();
     const std::unique_ptr<QoxXMLNode> root = MakeRoot();
     AppendHeaderAttributes(*root);
+    if (bIsRuleFilePasswordProtected)
+    {
+        WritePassword(*root);
+    }
     QoxXMLListWriter writer(*root);
-    AppendRules(writer, rules, false);
+    AppendRules(writer, rules, [](const CQoxRule&, const QoxXMLNode&) {});
     std::ignore = writer.Save1(narrowPath.c_str()); // as for rule files
     XmlOperation::End();
     return true;

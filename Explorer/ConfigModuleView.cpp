@@ -1,5 +1,6 @@
 #include "Explorer/ConfigModuleView.h"
 
+#include "Application/Commands.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Explorer/ListCtrlEx.h"
 #include "Explorer/RuleText.h"
@@ -65,8 +66,25 @@ bool CQOXRMConfigModuleView::OnCreate(wxDocument* document, long flags)
     SetFrame(frame);
     MakeControls();
     m_explorer = std::make_unique<RuleExplorer>(Doc().Rules(), g_pApp->Modules(), *m_ruleList, *this, QueryVSTASupport);
+    Bind(wxEVT_MENU, &CQOXRMConfigModuleView::OnSetPassword, this, CommandSetPassword);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!Doc().Rules().HasPassword()); },
+        CommandSetPassword);
     frame->Show();
     return true;
+}
+
+void CQOXRMConfigModuleView::OnSetPassword(wxCommandEvent& /*event*/)
+{
+    if (Doc().Rules().HasPassword())
+    {
+        return;
+    }
+    const std::optional<std::wstring> password = g_pApp->Prompt().AskPassword(PasswordPurpose::Set);
+    if (password && Doc().Rules().SetDocPassword(*password))
+    {
+        Doc().Modify(true); // a document that isn't modified would not be saved
+    }
 }
 
 void CQOXRMConfigModuleView::MakeControls()

@@ -64,6 +64,7 @@ private:
 
     CQOXRMConfigModuleDoc& Doc() const;
     void MakeControls();
+    void OnSetPassword(wxCommandEvent& event);
     void Layout();
     void UpdateRuleList(bool fromDocument);
 

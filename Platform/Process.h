@@ -21,6 +21,9 @@ std::wstring UserDataFolder();
 /// Not made here.
 std::wstring UserConfigurationFolder();
 
+/// Name under which the user is known to the system. Empty if it has none.
+std::wstring UserName();
+
 /// Takes over the user's locale for text conversion, case and collation; numbers keep
 /// the form of the C locale. Called once, first thing in the program.
 void UseUserLocale();

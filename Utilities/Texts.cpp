@@ -37,9 +37,7 @@ constexpr std::array Entries = {
     Entry{ TextId::Criticality4, L"High" },
     Entry{ TextId::Criticality5, L"Critical" },
     Entry{ TextId::SummaryLabel, L"Rule summary" },
-    Entry{ TextId::ProtectedFileNotSaved,
-           L"\"%1\" is protected by a password, and this version can't keep the password when it saves. Nothing was "
-           L"written; the file is as it was." },
+    Entry{ TextId::RuleFileModified, L"Rule File is modifed..." },
     Entry{ TextId::FileNotSaved,
            L"\"%1\" could not be saved: the file or its folder can't be written to. The file is as it was." },
     Entry{ TextId::FileNotOpened, L"\"%1\" could not be opened: it can't be read, or it is not a rule file." },
@@ -58,6 +56,17 @@ constexpr std::array Entries = {
     Entry{ TextId::TipSaveAs, L"Saves the active document under another name" },
     Entry{ TextId::TipExit, L"Ends the program and asks about documents that aren't saved" },
     Entry{ TextId::TipAbout, L"Shows what the program is" },
+    Entry{ TextId::WrongPassword, L"Rule file is password protected...Wrong Password..." },
+    Entry{ TextId::PasswordTooLong, L"The password is too long. A rule file has room for %1 characters." },
+    Entry{ TextId::SetPasswordTitle, L"Set Password" },
+    Entry{ TextId::SetPasswordLabel,
+           L"Saving this rule file will need the password. It can't be changed or removed later. Anyone can "
+           L"still open the file." },
+    Entry{ TextId::EnterPasswordTitle, L"Enter Password" },
+    Entry{ TextId::EnterPasswordLabel, L"This rule file is protected. It is saved only with its password." },
+    Entry{ TextId::PasswordField, L"&Password:" },
+    Entry{ TextId::CommandSetPassword, L"Set &Password...\tCtrl+L" },
+    Entry{ TextId::TipSetPassword, L"Sets the password that saving the active document will need" },
 };
 
 static_assert(static_cast<std::uint32_t>(Entries.back().id) - static_cast<std::uint32_t>(Entries.front().id) + 1 ==

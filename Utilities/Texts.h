@@ -27,7 +27,7 @@ enum class TextId : std::uint32_t
     Criticality4,
     Criticality5,
     SummaryLabel,
-    ProtectedFileNotSaved,
+    RuleFileModified,
     FileNotSaved,
     FileNotOpened,
     PackageNotImported,
@@ -45,6 +45,15 @@ enum class TextId : std::uint32_t
     TipSaveAs,
     TipExit,
     TipAbout,
+    WrongPassword,
+    PasswordTooLong,
+    SetPasswordTitle,
+    SetPasswordLabel,
+    EnterPasswordTitle,
+    EnterPasswordLabel,
+    PasswordField,
+    CommandSetPassword,
+    TipSetPassword,
 };
 
 /// The text of a number in the program's own language.

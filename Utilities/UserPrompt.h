@@ -11,6 +11,13 @@ enum class BoxKind
     Error,
 };
 
+/// What a password is asked for.
+enum class PasswordPurpose
+{
+    Set,  ///< The file is to get it.
+    Save, ///< The file has one and is to be saved.
+};
+
 /// The one way in which the program asks its user. Implemented once with windows; tests
 /// give the answers. Code below the windows gets it handed in.
 class IUserPrompt
@@ -23,4 +30,8 @@ public:
 
     /// Asks a question; true for Yes. Closing the box counts as No.
     virtual bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) = 0;
+
+    /// Has the user type a password, which fits into a rule file; nothing if the user
+    /// gives none. An empty one is one too.
+    virtual std::optional<std::wstring> AskPassword(PasswordPurpose purpose) = 0;
 };

@@ -40,6 +40,7 @@ private:
     {
         return false;
     }
+    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     std::string m_folder;
     ModuleSet m_modules;

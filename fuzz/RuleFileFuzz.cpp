@@ -1,7 +1,9 @@
 // Reads any bytes as a rule file, writes what was read, reads that and writes it again: the
-// second reading must give the same rules, and the second writing the same bytes.
+// second reading must give the same rules, and the second writing the same bytes. A file
+// with a password is written with a digest that its reader finds right.
 
 #include "Document/Lumeq.h"
+#include "Document/RulePassword.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
 #include "Utilities/UserPrompt.h"
@@ -40,12 +42,15 @@ public:
     void SetDocOpenState(int /*state*/) override {}
     bool HasActiveDocument() const override { return false; }
 
+    int boxes = 0;
+
 private:
-    void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override {}
+    void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override { ++boxes; }
     bool AskYesNo(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override
     {
         return false;
     }
+    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
 };
@@ -111,7 +116,7 @@ public:
     const std::vector<std::unique_ptr<CQoxRule>>& Rules() const { return m_rules; }
 
 private:
-    CQOXRMLumeq m_record;
+    CQOXRMLumeq m_record{ &g_pApp->Prompt() };
     bool m_loaded;
     std::vector<std::unique_ptr<CQoxRule>> m_rules; // the record doesn't own them
 };
@@ -177,14 +182,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     CheckIndexes(first);
-    Require(first.Record().WriteRuleFile(file.Path()));
+    const bool isProtected = first.Record().IsPasswordProtected();
+    const bool canBeWritten = !isProtected || RulePassword::Fits(first.Record().strPasswordInRuleFile);
+    Require(first.Record().WriteRuleFile(file.Path()) == canBeWritten);
+    if (!canBeWritten)
+    {
+        return 0; // with a longer password than a file can be given
+    }
     const std::string written = file.Read();
 
+    application.boxes = 0;
     LoadedFile second(file);
     Require(second.IsLoaded());
+    Require(application.boxes == 0);
+    Require(second.Record().IsPasswordProtected() == (isProtected && !first.Rules().empty()));
     CheckSameRules(first, second);
     Require(second.Record().newRuleUnits == first.Record().newRuleUnits);
     Require(second.Record().WriteRuleFile(file.Path()));
-    Require(file.Read() == written);
+    // Without rules the protection is lost.
+    Require(file.Read() == written || second.Record().IsPasswordProtected() != isProtected);
     return 0;
 }

@@ -90,6 +90,12 @@ std::wstring UserConfigurationFolder()
     return Posix::ConfigurationRoot() + L"/vantrel";
 }
 
+std::wstring UserName()
+{
+    const passwd* user = ::getpwuid(::geteuid());
+    return user != nullptr && user->pw_name != nullptr ? Posix::PathText(user->pw_name) : std::wstring();
+}
+
 void UseUserLocale()
 {
     if (std::setlocale(LC_CTYPE, "") == nullptr)

@@ -8,6 +8,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/FileLock.cpp
     Posix/FileOperations.cpp
     Posix/Files.cpp
+    Posix/Hash.cpp
     Posix/HeldFile.cpp
     Posix/InstanceRecord.cpp
     Posix/InstanceSocket.cpp
@@ -21,7 +22,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/ReplaceFile.cpp
     Posix/SingleInstance.cpp
     Posix/WriteAccess.cpp)
-set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS})
+set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 
 pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0)
 set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp)

@@ -2,6 +2,7 @@
 #include "Document/UserRuleFile.h"
 #include "Modules/RuleModule.h"
 #include "Platform/Files.h"
+#include "Platform/Process.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
 #include "Utilities/QOXUIUtils.h"
@@ -128,14 +129,16 @@ TEST_F(RuleDocumentTest, AnEmptyDocumentIsSavedWithTheUnitsOfAFreshRecord)
     EXPECT_NE(ReadBytes(path).find("Unit=\"0\" AngularUnit=\"0\""), std::string::npos);
 }
 
-TEST_F(RuleDocumentTest, AProtectedFileIsNotSavedOver)
+TEST_F(RuleDocumentTest, ASaveUpdatesTheDetailsOfTheDocumentAndLeavesThemOutOfTheFile)
 {
-    const std::string bytes = "<Lumeq Password=\"abc\" RulesData=\"0123\"/>";
-    WriteBytes(path, bytes);
     RuleDocument document;
-    ASSERT_TRUE(document.Open(path));
-    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::Protected);
-    EXPECT_EQ(ReadBytes(path), bytes);
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_EQ(document.Header().strName, path);
+    EXPECT_EQ(document.Header().strCreatedBy, Platform::UserName());
+    // Month, day and year, since no language is given: "03/09/2016 13:05:07".
+    ASSERT_EQ(document.Header().strCreatedOn.size(), 19u);
+    EXPECT_EQ(document.Header().strCreatedOn[5], L'/');
+    EXPECT_NE(ReadBytes(path).find("Name=\"\" Createdby=\"\" CreatedOn=\"\""), std::string::npos);
 }
 
 TEST_F(RuleDocumentTest, AFolderThatDoesNotExistIsNotSavedInto)
@@ -268,7 +271,7 @@ TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
     for (const std::string& line :
          { "Command received to open Rule file " + ToNarrow(path) + "\n",
            std::string("Rule file has been opened successfully\n"), std::string("Save has been called\n"),
-           std::string("The document has been saved\n") })
+           std::string("Updating file details\n"), std::string("The document has been saved\n") })
     {
         EXPECT_NE(text.find(line), std::string::npos) << line;
     }

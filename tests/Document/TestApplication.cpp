@@ -15,6 +15,12 @@ bool RecordingPrompt::AskYesNo(BoxKind /*kind*/, const std::wstring& text, const
     return answer;
 }
 
+std::optional<std::wstring> RecordingPrompt::AskPassword(PasswordPurpose purpose)
+{
+    passwordPurposes.push_back(purpose);
+    return password;
+}
+
 TestApplication::TestApplication()
     : framework(LoadFrameworkLibrary()), m_dataFolder("vantrel_data_dir", m_folder.Path())
 {

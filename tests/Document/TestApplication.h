@@ -7,6 +7,7 @@
 #include "tests/Support/TemporaryFolder.h"
 #include "Utilities/UserPrompt.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,12 @@ class RecordingPrompt : public IUserPrompt
 public:
     void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+    std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
 
     std::vector<std::wstring> texts;
     bool answer = false;
+    std::optional<std::wstring> password;
+    std::vector<PasswordPurpose> passwordPurposes;
 };
 
 /// An application object for a test, in `g_pApp` for as long as it lives, with its settings

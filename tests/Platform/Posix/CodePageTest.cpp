@@ -1,59 +1,29 @@
 #include "Platform/Files.h"
 #include "Platform/Posix/PathBytes.h"
 #include "Platform/Text.h"
-#include "tests/Platform/Posix/TestProcess.h"
+#include "tests/Support/ScopedLocale.h"
 #include "tests/Support/TemporaryFolder.h"
 
-#include <clocale>
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <optional>
 
 using namespace Platform;
 
 namespace
 {
 
-/// Takes over a locale for the characters and restores the former one at the end.
-class ScopedLocale
-{
-public:
-    explicit ScopedLocale(const char* name)
-        : m_before(std::setlocale(LC_CTYPE, nullptr)), m_taken(std::setlocale(LC_CTYPE, name) != nullptr)
-    {
-    }
-    ~ScopedLocale() { std::setlocale(LC_CTYPE, m_before.c_str()); }
-    ScopedLocale(const ScopedLocale&) = delete;
-    ScopedLocale& operator=(const ScopedLocale&) = delete;
-
-    bool IsTaken() const { return m_taken; }
-
-private:
-    std::string m_before;
-    bool m_taken;
-};
-
-/// A Latin-1 locale, made for the test, since few machines have one installed.
 class NarrowLocaleTest : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        const std::string target = NativePath(m_folder.File(L"en_US.ISO-8859-1")).native();
-        const std::string command = "localedef -i en_US -f ISO-8859-1 '" + target + "' >/dev/null 2>&1";
-        // The status counts warnings too; what matters is whether the locale can be taken.
-        [[maybe_unused]] const int status = std::system(command.c_str());
-        m_path.emplace("LOCPATH", m_folder.Path());
-        m_locale.emplace("en_US.ISO-8859-1");
-        if (!m_locale->IsTaken())
+        if (!m_locale.IsTaken())
         {
             GTEST_SKIP() << "no Latin-1 locale can be made on this machine";
         }
     }
 
     ::TemporaryFolder m_folder;
-    std::optional<ScopedVariable> m_path;
-    std::optional<ScopedLocale> m_locale;
+    Latin1Locale m_locale;
 };
 
 TEST_F(NarrowLocaleTest, CharactersOfTheCodePageAreOneByteEach)

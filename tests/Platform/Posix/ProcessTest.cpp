@@ -1,10 +1,12 @@
 #include "Platform/Process.h"
 
 #include "Platform/Files.h"
+#include "Platform/Posix/PathBytes.h"
 #include "tests/Platform/Posix/TestProcess.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
+#include <array>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
@@ -22,6 +24,20 @@ TEST(ProcessTest, ProgramIsTheRunningFile)
     EXPECT_EQ(NativePath(ProgramPath()), std::filesystem::read_symlink("/proc/self/exe"));
     EXPECT_EQ(ProgramFolder() + L"/" + FileNamePart(ProgramPath()), ProgramPath());
     EXPECT_TRUE(FolderExists(ProgramFolder()));
+}
+
+TEST(ProcessTest, TheUserHasTheNameThatTheSystemTells)
+{
+    std::FILE* const command = ::popen("id -un", "r");
+    ASSERT_NE(command, nullptr);
+    std::array<char, 256> line = {};
+    const bool told = std::fgets(line.data(), line.size(), command) != nullptr;
+    ::pclose(command);
+    if (!told)
+    {
+        GTEST_SKIP() << "the user has no name on this machine";
+    }
+    EXPECT_EQ(Platform::UserName() + L"\n", Platform::Posix::PathText(line.data()));
 }
 
 TEST(ProcessTest, UserFoldersFollowTheirVariables)
