@@ -9,7 +9,7 @@ set -u
 # What every build needs.
 readonly build=(
     g++ cmake ninja-build ccache pkg-config
-    libwxgtk3.2-dev libpugixml-dev libsqlite3-dev libmd-dev libglib2.0-dev)
+    libwxgtk3.2-dev libpugixml-dev libsqlite3-dev zlib1g-dev libmd-dev libglib2.0-dev)
 
 # What windows need to look as they should.
 readonly look=(fonts-dejavu-core adwaita-icon-theme librsvg2-common)
