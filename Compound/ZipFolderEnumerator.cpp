@@ -22,6 +22,14 @@ std::wstring EntryPrefix(ICompoundFolder& folder)
     return ZipEntryPath(std::move(path));
 }
 
+/// Names that a listing has so far, in lower case.
+struct ListedNames
+{
+    std::set<std::wstring> folders;
+    std::set<std::wstring> filesInFolder;
+    std::set<std::wstring> filesBeside; // whose names begin like the folder's
+};
+
 } // namespace
 
 ZipFolderEnumerator::ZipFolderEnumerator(ICompoundFolder& folder, const ZipArchive& archive)
@@ -31,20 +39,28 @@ ZipFolderEnumerator::ZipFolderEnumerator(ICompoundFolder& folder, const ZipArchi
         return;
     }
     const std::wstring prefix = EntryPrefix(folder);
-    std::set<std::wstring> listed; // in lower case
+    ListedNames listed;
     for (const ZipEntry* const entry : archive.index->BeginningWith(prefix))
     {
-        const auto pieces = SplitCompoundPath(std::wstring_view(entry->name).substr(prefix.size()));
+        const std::wstring_view rest = std::wstring_view(entry->name).substr(prefix.size());
+        const auto pieces = SplitCompoundPath(rest);
         if (pieces.empty())
         {
             continue;
         }
-        // Files are listed as often as they are there, folders once.
-        const bool isNew = listed.insert(Platform::ToLower(pieces.front())).second;
-        const bool isFile = pieces.size() == 1;
-        if (isFile || isNew)
+        const std::wstring name(pieces.front());
+        const std::wstring folded = Platform::ToLower(name);
+        // A file keeps a folder of its name off the list, but not one that lies elsewhere.
+        const bool isInFolder = prefix.empty() || rest.front() == L'/';
+        std::set<std::wstring>& files = isInFolder ? listed.filesInFolder : listed.filesBeside;
+        if (pieces.size() == 1)
         {
-            Append(std::wstring(pieces.front()).c_str(), isFile ? CompoundEntryFile : CompoundEntryFolder);
+            files.insert(folded); // as often as it is there; folders once
+            Append(name.c_str(), CompoundEntryFile);
+        }
+        else if (!files.contains(folded) && listed.folders.insert(folded).second)
+        {
+            Append(name.c_str(), CompoundEntryFolder);
         }
     }
 }
