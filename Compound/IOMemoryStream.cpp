@@ -40,6 +40,26 @@ std::uint32_t IOMemoryStream::Write(const void* buffer, std::uint32_t count)
     return taken;
 }
 
+std::span<unsigned char> IOMemoryStream::Spare(std::uint32_t wanted)
+{
+    const std::uint32_t most = std::min(wanted, Largest - m_size);
+    if (most == 0 || !Reserve(m_size + most))
+    {
+        return {};
+    }
+    return { m_data + m_size, m_capacity - m_size };
+}
+
+void IOMemoryStream::Commit(std::uint32_t count)
+{
+    m_size += std::min(count, m_capacity - m_size);
+}
+
+void IOMemoryStream::CutBack(std::uint32_t size)
+{
+    m_size = std::clamp(size, m_position, m_size);
+}
+
 bool IOMemoryStream::Reserve(std::uint32_t size)
 {
     if (size <= m_capacity)

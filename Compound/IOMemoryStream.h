@@ -2,7 +2,7 @@
 
 #include "Compound/CompoundDocument.h"
 
-#include <cstddef>
+#include <span>
 
 /// Bytes in memory. Writing appends, reading goes on from where it was; the two may be mixed.
 class IOMemoryStream : public IInputStream, public IOutputStream
@@ -17,6 +17,18 @@ public:
 
     /// All of the bytes or, if they can't be held, as many of them as fit below 4 GiB, or none.
     std::uint32_t Write(const void* buffer, std::uint32_t count) override;
+
+    std::uint32_t Size() const { return m_size; }
+
+    /// Room behind the contents, for so many bytes or more if it can be had, to be filled from
+    /// its start and then added by `Commit`. Empty if there is none.
+    std::span<unsigned char> Spare(std::uint32_t wanted);
+
+    /// Makes bytes that were put into the room part of the contents.
+    void Commit(std::uint32_t count);
+
+    /// Forgets what was written behind so many bytes, which must not have been read.
+    void CutBack(std::uint32_t size);
 
 private:
     bool Reserve(std::uint32_t size);

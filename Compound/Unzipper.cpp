@@ -53,13 +53,32 @@ bool Unzipper::ExtractEntry(const ZipEntry& entry, IOutputStream* output)
     }
     if (header.method != ZipFormat::MethodStored)
     {
-        return InflateFromArchive(*m_file, entry.compressedSize, *output);
+        return Inflate(entry.compressedSize, *output);
     }
     if (entry.compressedSize == entry.uncompressedSize)
     {
         CopyFromArchive(*m_file, entry.compressedSize, *output);
     }
     return false;
+}
+
+bool Unzipper::Inflate(std::uint32_t compressedSize, IOutputStream& output)
+{
+    // Data that is whole goes straight into memory. How much of damaged data is delivered
+    // hangs on the blocks that it goes through, so it is read again in these.
+    if (auto* const memory = dynamic_cast<IOMemoryStream*>(&output); memory != nullptr)
+    {
+        const std::int64_t start = m_file->Position();
+        if (InflateWholeFromArchive(*m_file, compressedSize, *memory))
+        {
+            return true;
+        }
+        if (start < 0 || !m_file->Seek(start, Origin::Start))
+        {
+            return false;
+        }
+    }
+    return InflateFromArchive(*m_file, compressedSize, output);
 }
 
 std::int32_t Unzipper::ReadDirectory()

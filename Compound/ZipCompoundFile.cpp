@@ -9,29 +9,6 @@ namespace
 /// The most that deflated data can grow to for each of its bytes.
 constexpr std::uint64_t LargestGrowth = 1032;
 
-/// Lets no more than so many bytes through.
-class LimitedOutput final : public IOutputStream
-{
-public:
-    LimitedOutput(IOutputStream& target, std::uint64_t limit) : m_target(target), m_left(limit) {}
-
-    std::uint32_t Write(const void* buffer, std::uint32_t count) override
-    {
-        const auto allowed = static_cast<std::uint32_t>(std::min<std::uint64_t>(count, m_left));
-        const std::uint32_t taken = m_target.Write(buffer, allowed);
-        m_left -= taken;
-        m_full = m_full || taken < count;
-        return taken;
-    }
-
-    bool IsFull() const { return m_full; }
-
-private:
-    IOutputStream& m_target;
-    std::uint64_t m_left;
-    bool m_full = false;
-};
-
 } // namespace
 
 ZipCompoundInputStream::ZipCompoundInputStream(ZipCompoundFile* file)
@@ -44,16 +21,17 @@ ZipCompoundInputStream::ZipCompoundInputStream(ZipCompoundFile* file)
     Unzipper& unzipper = *m_file->Archive().unzipper;
     // Thousands of entries of one name may all point to the same few bytes. Together they
     // give no more than the archive could hold if they didn't overlap.
-    LimitedOutput output(*m_memory, unzipper.ArchiveSize() * LargestGrowth);
+    const std::uint64_t limit = unzipper.ArchiveSize() * LargestGrowth;
     for (const ZipEntry* const entry : m_file->Entries())
     {
-        if (output.IsFull())
+        if (m_memory->Size() >= limit)
         {
             break;
         }
         // A damaged entry reads short.
-        std::ignore = unzipper.ExtractEntry(*entry, &output);
+        std::ignore = unzipper.ExtractEntry(*entry, m_memory.get());
     }
+    m_memory->CutBack(static_cast<std::uint32_t>(std::min<std::uint64_t>(limit, m_memory->Size())));
 }
 
 ZipCompoundInputStream::~ZipCompoundInputStream() = default;

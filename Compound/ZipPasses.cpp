@@ -3,6 +3,8 @@
 #include "Compound/ZlibPump.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <tuple>
 
 namespace
@@ -121,6 +123,52 @@ bool InflateFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOutput
         }
     }
     inflateEnd(&stream);
+    return code == Z_STREAM_END;
+}
+
+bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOMemoryStream& memory)
+{
+    z_stream stream = {};
+    if (inflateInit2(&stream, RawWindowBits) != Z_OK)
+    {
+        return false;
+    }
+    std::array<unsigned char, 4 * StreamBlockSize> input;
+    const std::uint32_t before = memory.Size();
+    std::uint32_t remaining = compressedSize;
+    int code = Z_OK;
+    while (code == Z_OK || code == Z_BUF_ERROR)
+    {
+        if (stream.avail_in == 0)
+        {
+            const std::size_t wanted = std::min<std::size_t>(remaining, input.size());
+            const auto count = static_cast<std::uint32_t>(file.Read(input.data(), wanted));
+            remaining -= count;
+            stream.next_in = input.data();
+            stream.avail_in = count;
+        }
+        // Text grows to some four times; what needs more room gets it by and by. Room is made
+        // for bytes that are there, not for those that the archive claims.
+        const std::span<unsigned char> room = memory.Spare(std::max(4 * stream.avail_in, 1U));
+        if (room.empty())
+        {
+            break;
+        }
+        const std::uint32_t given = stream.avail_in;
+        stream.next_out = room.data();
+        stream.avail_out = static_cast<unsigned int>(room.size());
+        code = inflate(&stream, remaining > 0 ? Z_NO_FLUSH : Z_FINISH);
+        memory.Commit(static_cast<std::uint32_t>(room.size()) - stream.avail_out);
+        if (given == 0 && stream.avail_out > 0)
+        {
+            break; // there are no more bytes, and none are on their way
+        }
+    }
+    inflateEnd(&stream);
+    if (code != Z_STREAM_END)
+    {
+        memory.CutBack(before);
+    }
     return code == Z_STREAM_END;
 }
 

@@ -2,6 +2,7 @@
 
 #include "Compound/ArchiveFile.h"
 #include "Compound/CompoundDocument.h"
+#include "Compound/IOMemoryStream.h"
 
 #include <cstdint>
 
@@ -27,6 +28,10 @@ std::int32_t StoreIntoArchive(IInputStream& source, ArchiveFile& file, ZipTotals
 /// Inflates so many bytes of the file at most, or what there is of them. True if the deflated
 /// stream came to its end. What came before a failure is in the sink.
 bool InflateFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOutputStream& sink);
+
+/// Inflates as `InflateFromArchive` does, but without going through blocks. False, with nothing
+/// added, if the deflated stream doesn't come to its end.
+bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOMemoryStream& memory);
 
 /// Copies so many bytes of the file, or what there is of them.
 void CopyFromArchive(ArchiveFile& file, std::uint32_t size, IOutputStream& sink);

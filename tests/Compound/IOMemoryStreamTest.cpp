@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <span>
 #include <string>
 
 TEST(IOMemoryStreamTest, ReadingBeyondTheEndGivesNothing)
@@ -60,4 +61,34 @@ TEST(IOMemoryStreamTest, OneObjectIsBothStreams)
         EXPECT_EQ(output->Write(text.data() + offset, 1000), 1000u);
     }
     EXPECT_EQ(ReadToEnd(*input), text);
+}
+
+TEST(IOMemoryStreamTest, RoomBehindTheContentsIsFilledInPlace)
+{
+    IOMemoryStream stream;
+    stream.Write("ab", 2);
+    const std::span<unsigned char> room = stream.Spare(1000);
+    ASSERT_GE(room.size(), 1000u);
+    room[0] = 'c';
+    room[1] = 'd';
+    EXPECT_EQ(stream.Size(), 2u) << "not before it is said";
+    stream.Commit(1);
+    EXPECT_EQ(stream.Size(), 3u);
+    EXPECT_EQ(ReadToEnd(stream), "abc");
+    EXPECT_TRUE(stream.Spare(0).empty());
+}
+
+TEST(IOMemoryStreamTest, CuttingBackForgetsTheLatestBytesButNoneThatWereRead)
+{
+    IOMemoryStream stream;
+    stream.Write("abcdef", 6);
+    stream.CutBack(9);
+    EXPECT_EQ(stream.Size(), 6u);
+    stream.CutBack(4);
+    char first = 0;
+    stream.Read(&first, 1);
+    stream.CutBack(0);
+    EXPECT_EQ(stream.Size(), 1u);
+    stream.Write("z", 1);
+    EXPECT_EQ(ReadToEnd(stream), "z");
 }

@@ -229,6 +229,22 @@ TEST(UnzipperTest, AnEntryOfSomeoneElsesMakingIsExtractedToo)
     EXPECT_FALSE(archive.unzipper.ExtractEntry(entry, &sink));
 }
 
+TEST(UnzipperTest, DamagedDataGivesAsMuchInMemoryAsAnywhere)
+{
+    const std::string whole = MakeTestArchive({ Deflated("a", SampleText(400'000)) });
+    for (const std::size_t damage : { 40u, 5'000u, 17'000u, 33'000u })
+    {
+        std::string bytes = whole;
+        bytes[damage] = static_cast<char>(~bytes[damage]);
+        Archive archive(bytes);
+        IOMemoryStream memory;
+        std::string contents;
+        const bool good = archive.Extract(0, contents);
+        EXPECT_EQ(archive.unzipper.ExtractEntry(archive.unzipper.GetEntries().at(0), &memory), good);
+        EXPECT_EQ(ReadToEnd(memory), contents) << damage;
+    }
+}
+
 TEST(UnzipperTest, AFileOnDiskIsReadLikeOneInMemory)
 {
     TemporaryFolder folder;

@@ -181,6 +181,25 @@ TEST(ZipPassesTest, ASinkThatTakesLessEndsInflating)
     EXPECT_EQ(extracted.contents.size(), 20'000u);
 }
 
+TEST(ZipPassesTest, InflatingAtOnceGivesTheSameOrNothing)
+{
+    for (const std::string& text :
+         { std::string(), SampleText(1), SampleText(300'000), Noise(300'000), std::string(3'000'000, 'x') })
+    {
+        const std::string bytes = RawDeflate(text);
+        for (const std::size_t size : { bytes.size(), bytes.size() + 1, std::size_t(0xFFFFFFFF), bytes.size() - 1,
+                                        bytes.size() / 2, std::size_t(0) })
+        {
+            MemoryArchiveFile file(std::make_shared<std::string>(bytes + "?"));
+            IOMemoryStream memory;
+            memory.Write("before", 6);
+            const bool good = InflateWholeFromArchive(file, static_cast<std::uint32_t>(size), memory);
+            EXPECT_EQ(good, Inflate(bytes, static_cast<std::uint32_t>(size)).good) << size;
+            EXPECT_EQ(ReadToEnd(memory), good ? "before" + text : "before") << size;
+        }
+    }
+}
+
 TEST(ZipPassesTest, CopyingStopsAtTheEndOfTheFile)
 {
     const std::string text = SampleText(40'000);
