@@ -6,15 +6,11 @@
 
 #include <Vantrel/QoxRule.h>
 
-#include <filesystem>
 #include <map>
-#include <random>
 #include <stdexcept>
 
 namespace
 {
-
-constexpr const char* MemoryFolder = "/dev/shm";
 
 std::wstring StagedLibrary(const wchar_t* name)
 {
@@ -22,19 +18,9 @@ std::wstring StagedLibrary(const wchar_t* name)
     return Platform::ToLower(Platform::Utf8ToWide(VANTREL_STAGE_DIR) + separator + L"bin" + separator + name);
 }
 
-std::string MakeFolder()
-{
-    const std::filesystem::path parent = std::filesystem::is_directory(MemoryFolder)
-                                           ? std::filesystem::path(MemoryFolder)
-                                           : std::filesystem::temp_directory_path();
-    const std::filesystem::path folder = parent / ("vantrel-bench-" + std::to_string(std::random_device()()));
-    std::filesystem::create_directory(folder);
-    return (folder / "").string();
-}
-
 } // namespace
 
-BenchApplication::BenchApplication() : m_folder(MakeFolder())
+BenchApplication::BenchApplication()
 {
     g_pApp = this;
     ModuleSet::Handles toFree;
@@ -52,8 +38,6 @@ BenchApplication::BenchApplication() : m_folder(MakeFolder())
 
 BenchApplication::~BenchApplication()
 {
-    std::error_code error;
-    std::filesystem::remove_all(m_folder, error);
     g_pApp = nullptr;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bench/BenchFolder.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
 #include "Utilities/UserPrompt.h"
@@ -24,9 +25,8 @@ public:
     void SetDocOpenState(int /*state*/) override {}
     bool HasActiveDocument() const override { return false; }
 
-    /// Path of a file of that name. In memory where the system has a folder for that, so
-    /// that the disk doesn't count.
-    std::string File(const std::string& name) const { return m_folder + name; }
+    /// Path of a file of that name in a folder of the benchmark's own.
+    std::string File(const std::string& name) const { return m_folder.File(name); }
 
     /// Appends new rules of all modules, each in turn, until there are `count` of them.
     void MakeRules(PointerArray& rules, int count);
@@ -42,6 +42,6 @@ private:
     }
     std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
-    std::string m_folder;
+    BenchFolder m_folder;
     ModuleSet m_modules;
 };

@@ -5,7 +5,7 @@
 // is our median time by that of a tenth of the rules.
 
 #include "bench/BenchApplication.h"
-
+#include "bench/BenchTiming.h"
 #include "Document/Lumeq.h"
 #include "Platform/Text.h"
 
@@ -15,46 +15,16 @@
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
-#include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <malloc.h>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace
 {
-
-/// Time of an action that starts as in a program that has just begun: without memory that an
-/// earlier round has left to be used again. A program loads or saves a file now and then, and
-/// small files would otherwise be measured with warm memory and large ones without.
-template <typename Action>
-double SecondsOf(Action&& action)
-{
-    malloc_trim(0);
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-void Require(bool holds, const char* what)
-{
-    if (!holds)
-    {
-        throw std::runtime_error(what);
-    }
-}
 
 /// Our times and those of the XML library, measured in turns.
 class Pairs

@@ -3,6 +3,7 @@
 #   vantrel_wx          wxWidgets; linked by vantrel_windows_part, never by an engine
 #   pugixml::pugixml    XML
 #   SQLite::SQLite3     database
+#   ZLIB::ZLIB          deflated data
 #   PkgConfig::LibMd    MD5, where the system has no service of its own for it
 #
 # Imported targets, so that their headers are system headers to the compiler.
@@ -22,6 +23,7 @@ set_property(TARGET vantrel_wx APPEND PROPERTY COMPATIBLE_INTERFACE_BOOL VANTREL
 
 find_package(pugixml REQUIRED)
 find_package(SQLite3 REQUIRED)
+find_package(ZLIB REQUIRED)
 
 if(VANTREL_PLATFORM STREQUAL "Posix")
     find_package(PkgConfig REQUIRED)

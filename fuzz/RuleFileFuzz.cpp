@@ -4,6 +4,7 @@
 
 #include "Document/Lumeq.h"
 #include "Document/RulePassword.h"
+#include "fuzz/FuzzFile.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
 #include "Utilities/UserPrompt.h"
@@ -12,26 +13,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <random>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace
 {
-
-void Require(bool holds)
-{
-    if (!holds)
-    {
-        std::abort();
-    }
-}
 
 /// An application without modules, so that the user-defined rules are what is read.
 class FuzzApplication : public IRuleApplication, private IUserPrompt
@@ -53,45 +40,6 @@ private:
     std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
-};
-
-/// The one file that all inputs are written to. In memory where the system has a folder for
-/// that; gone when the process ends.
-class FuzzFile
-{
-public:
-    FuzzFile()
-    {
-        const std::filesystem::path memory = "/dev/shm";
-        const std::filesystem::path parent =
-            std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-        m_path = parent / ("vantrel-fuzz-" + std::to_string(std::random_device()()) + ".vrf");
-    }
-
-    ~FuzzFile()
-    {
-        std::error_code error;
-        std::filesystem::remove(m_path, error);
-    }
-
-    FuzzFile(const FuzzFile&) = delete;
-    FuzzFile& operator=(const FuzzFile&) = delete;
-
-    std::string Path() const { return m_path.string(); }
-
-    void Write(std::string_view bytes) const
-    {
-        std::ofstream(m_path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-
-    std::string Read() const
-    {
-        std::ifstream file(m_path, std::ios::binary);
-        return { std::istreambuf_iterator<char>(file), {} };
-    }
-
-private:
-    std::filesystem::path m_path;
 };
 
 /// A record with the rules that were read into it.
@@ -172,7 +120,7 @@ void CheckSameRules(const LoadedFile& first, const LoadedFile& second)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static FuzzApplication application;
-    static const FuzzFile file;
+    static const FuzzFile file(".vrf");
     g_pApp = &application;
 
     file.Write({ reinterpret_cast<const char*>(data), size });

@@ -21,6 +21,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/RegistryStore.cpp
     Posix/ReplaceFile.cpp
     Posix/SingleInstance.cpp
+    Posix/StandardFile.cpp
     Posix/WriteAccess.cpp)
 set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 
