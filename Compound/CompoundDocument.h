@@ -158,7 +158,7 @@ public:
 class ICompoundDocument
 {
 public:
-    explicit ICompoundDocument(std::uint32_t type) : type(type) {}
+    explicit ICompoundDocument(std::uint32_t flavour) : type(flavour) {}
     virtual ~ICompoundDocument() = default;
     ICompoundDocument(const ICompoundDocument&) = delete;
     ICompoundDocument& operator=(const ICompoundDocument&) = delete;
