@@ -145,9 +145,15 @@ catch (const std::bad_alloc&)
     return false;
 }
 
-// This system has nothing to set up.
-StorageThread::StorageThread() = default;
-StorageThread::~StorageThread() = default;
+StorageThread::StorageThread()
+{
+    // This system has nothing to set up.
+}
+
+StorageThread::~StorageThread()
+{
+    // Nor to take down.
+}
 
 StorageResult<Storage> OpenStorageFile(const std::wstring& path, std::uint32_t mode)
 try

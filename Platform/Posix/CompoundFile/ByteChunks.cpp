@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
+#include <sys/mman.h>
+#include <tuple>
 
 namespace Platform::Posix::CompoundFile
 {
@@ -10,9 +13,35 @@ namespace
 
 // Most streams are small and written at once; a long one comes in many pieces.
 constexpr std::size_t FewestBytes = 64;
-constexpr std::size_t MostBytes = std::size_t(1) << 20;
+constexpr std::size_t MostBytes = std::size_t(1) << 22;
+
+/// What a large page of memory has, where the system has such.
+constexpr std::size_t LargePage = std::size_t(1) << 21;
 
 } // namespace
+
+ByteChunks::Chunk::Chunk(std::size_t least)
+    : capacity(least < LargePage ? least : (least + LargePage - 1) / LargePage * LargePage)
+{
+    if (least < LargePage)
+    {
+        bytes.reset(static_cast<char*>(std::malloc(capacity)));
+    }
+    else if (capacity >= least)
+    {
+        bytes.reset(static_cast<char*>(std::aligned_alloc(LargePage, capacity)));
+    }
+    if (bytes == nullptr)
+    {
+        throw std::bad_alloc();
+    }
+    if (least >= LargePage)
+    {
+        // Taking a long stream costs more by the number of pages than by that of bytes. Only
+        // advice: what comes of it doesn't matter.
+        std::ignore = ::madvise(bytes.get(), capacity, MADV_HUGEPAGE);
+    }
+}
 
 void ByteChunks::Append(std::string_view bytes)
 {
@@ -22,7 +51,7 @@ void ByteChunks::Append(std::string_view bytes)
         // Before anything is taken: there may be no memory.
         const std::size_t grown = static_cast<std::size_t>(std::min<std::uint64_t>(m_size, MostBytes));
         const std::size_t capacity = std::max({ bytes.size() - room, grown, FewestBytes });
-        m_chunks.push_back({ std::unique_ptr<char[]>(new char[capacity]), 0, capacity });
+        m_chunks.emplace_back(capacity);
     }
     else
     {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -26,10 +27,17 @@ public:
     void CopyTo(char* to) const;
 
 private:
+    struct Freer
+    {
+        void operator()(char* bytes) const { std::free(bytes); }
+    };
+
     struct Chunk
     {
-        std::unique_ptr<char[]> bytes;
-        std::size_t size;
+        explicit Chunk(std::size_t least);
+
+        std::unique_ptr<char[], Freer> bytes;
+        std::size_t size = 0;
         std::size_t capacity;
     };
 

@@ -45,7 +45,7 @@ EntryKey::EntryKey(std::u16string_view name) : m_units(name)
 
 std::strong_ordering EntryKey::operator<=>(const EntryKey& other) const
 {
-    if (const auto order = m_units.size() <=> other.m_units.size(); order != 0)
+    if (const auto order = m_units.size() <=> other.m_units.size(); std::is_neq(order))
     {
         return order;
     }
