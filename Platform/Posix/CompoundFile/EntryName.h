@@ -16,18 +16,11 @@ class EntryKey
 public:
     explicit EntryKey(std::u16string_view name);
 
-    const std::u16string& Units() const { return m_units; }
-
     bool operator==(const EntryKey& other) const = default;
     std::strong_ordering operator<=>(const EntryKey& other) const;
 
 private:
     std::u16string m_units;
-};
-
-struct EntryKeyHash
-{
-    std::size_t operator()(const EntryKey& key) const { return std::hash<std::u16string>()(key.Units()); }
 };
 
 /// A name that is wanted, as UTF-16; nothing if no entry may have it.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <tuple>
 #include <utility>
 
 namespace Platform::Posix::CompoundFile
@@ -330,9 +329,13 @@ bool Reader::WalkTree(std::uint32_t top, Children& children)
             next.entry.type == StorageEntryType ? StorageEntryKind::Storage : StorageEntryKind::Stream;
         // Text that is none is found under the name that a listing shows.
         std::wstring name = Utf16ToWide(next.entry.name);
-        // Of two names that are the same the first one is found, as in a search of the tree.
-        std::ignore = children.byKey.emplace(EntryKey(WideToUtf16(name)), children.inOrder.size());
+        children.byKey.emplace_back(EntryKey(WideToUtf16(name)), children.inOrder.size());
         children.inOrder.push_back({ next.number, kind, std::move(name) });
+    }
+    // In a tree that is as it should be they are sorted already.
+    if (!std::is_sorted(children.byKey.begin(), children.byKey.end()))
+    {
+        std::sort(children.byKey.begin(), children.byKey.end());
     }
     return true;
 }
@@ -355,8 +358,10 @@ const Reader::Children* Reader::ChildrenOf(std::uint32_t storage)
 
 const Reader::Child* Reader::Children::Find(std::u16string_view name) const
 {
-    const auto found = byKey.find(EntryKey(name));
-    return found != byKey.end() ? &inOrder[found->second] : nullptr;
+    // Of names that are the same the first one in the order of the tree is found.
+    const std::pair<EntryKey, std::size_t> wanted(EntryKey(name), 0);
+    const auto found = std::lower_bound(byKey.begin(), byKey.end(), wanted);
+    return found != byKey.end() && found->first == wanted.first ? &inOrder[found->second] : nullptr;
 }
 
 std::optional<SectorChain> Reader::ContentsOf(std::uint32_t stream)

@@ -11,6 +11,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace Platform::Posix::CompoundFile
@@ -36,7 +37,7 @@ public:
     struct Children
     {
         std::vector<Child> inOrder;
-        std::unordered_map<EntryKey, std::size_t, EntryKeyHash> byKey;
+        std::vector<std::pair<EntryKey, std::size_t>> byKey; ///< sorted; no file can spoil that as it could a hash
 
         /// Null if there is no such child.
         const Child* Find(std::u16string_view name) const;

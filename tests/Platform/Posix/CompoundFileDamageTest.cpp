@@ -316,6 +316,36 @@ TEST_F(CompoundFileDamageTest, EntryOfTwoStoragesIsGivenOnce)
     EXPECT_EQ(std::count(listing.begin(), listing.end(), "storage two !"), 1);
 }
 
+TEST_F(CompoundFileDamageTest, TreeOutOfOrderIsReadAllTheSame)
+{
+    // The listing stays in the order of the tree, and every name is still found.
+    m_bytes[EntryAt("large")] = 'a';
+    m_bytes[EntryAt("small")] = 'b';
+    m_bytes[EntryAt("one")] = 'z';
+    DocumentLines expected = m_listing;
+    for (std::string& line : expected)
+    {
+        const std::size_t name = line.find(' ') + 1;
+        const std::string_view rest = std::string_view(line).substr(name);
+        line[name] = rest.starts_with("large") ? 'a'
+                   : rest.starts_with("small") ? 'b'
+                   : rest.starts_with("one")   ? 'z'
+                                               : line[name];
+    }
+    EXPECT_EQ(Listing(), expected);
+}
+
+TEST_F(CompoundFileDamageTest, OfTwoEntriesOfOneNameTheFirstIsFound)
+{
+    m_bytes.replace(EntryAt("small"), 10, std::string("l\0A\0r\0G\0e\0", 10));
+    const DocumentLines listing = Listing();
+    const auto large = std::find_if(m_listing.begin(), m_listing.end(),
+                                    [](const std::string& line) { return line.starts_with("stream large"); });
+    ASSERT_NE(large, m_listing.end());
+    EXPECT_EQ(std::count(listing.begin(), listing.end(), *large), 1);
+    EXPECT_EQ(std::count(listing.begin(), listing.end(), "stream lArGe" + large->substr(12)), 1);
+}
+
 TEST_F(CompoundFileDamageTest, WildNumbersInATreeAreRefused)
 {
     for (const std::uint32_t number : WildNumbers)
