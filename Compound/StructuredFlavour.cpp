@@ -1,13 +1,13 @@
 #include "Compound/CompoundFlavours.h"
+#include "Compound/MSCompoundDocument.h"
+#include "Compound/MSMemoryFile.h"
 
-// This build has no structured storage: its documents can't be made.
-
-std::unique_ptr<ICompoundDocument> CreateStructuredDocument(const wchar_t* /*path*/, std::uint32_t /*mode*/)
+std::unique_ptr<ICompoundDocument> CreateStructuredDocument(const wchar_t* path, std::uint32_t mode)
 {
-    return nullptr;
+    return std::make_unique<MSCompoundDocument>(path, mode);
 }
 
-std::unique_ptr<ICompoundDocument> CreateStructuredDocumentOnMemory(IMemoryFile* /*memory*/, std::uint32_t /*mode*/)
+std::unique_ptr<ICompoundDocument> CreateStructuredDocumentOnMemory(IMemoryFile* memory, std::uint32_t mode)
 {
-    return nullptr;
+    return std::make_unique<MSCompoundDocument>(dynamic_cast<MSMemoryFile*>(memory), mode);
 }

@@ -1,6 +1,18 @@
 set(VANTREL_PLATFORM_SOURCES
     Posix/Automation.cpp
     Posix/CodePage.cpp
+    Posix/CompoundFile/ByteChunks.cpp
+    Posix/CompoundFile/ByteSource.cpp
+    Posix/CompoundFile/CachedChain.cpp
+    Posix/CompoundFile/EntryName.cpp
+    Posix/CompoundFile/Image.cpp
+    Posix/CompoundFile/ImageLayout.cpp
+    Posix/CompoundFile/OpenScope.cpp
+    Posix/CompoundFile/Reader.cpp
+    Posix/CompoundFile/ReadStorage.cpp
+    Posix/CompoundFile/SectorChain.cpp
+    Posix/CompoundFile/StorageTree.cpp
+    Posix/CompoundFile/WriteStorage.cpp
     Posix/Descriptor.cpp
     Posix/Desktop.cpp
     Posix/ElfFile.cpp
@@ -22,6 +34,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/ReplaceFile.cpp
     Posix/SingleInstance.cpp
     Posix/StandardFile.cpp
+    Posix/StructuredStorage.cpp
     Posix/WriteAccess.cpp)
 set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 
