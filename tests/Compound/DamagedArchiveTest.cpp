@@ -211,7 +211,9 @@ TEST(DamagedArchiveTest, NamesAreTakenAsTheyStandAndOnlyEverCompared)
 TEST(DamagedArchiveTest, ABombIsInflatedBlockByBlock)
 {
     // What is held is up to whoever takes it.
-    const TestEntry bomb = Deflated("bomb", std::string(100'000'000, '\0'));
+    std::string zeros;
+    zeros.resize(100'000'000);
+    const TestEntry bomb = Deflated("bomb", zeros);
     EXPECT_LT(bomb.data.size(), 100'000u);
     EXPECT_EQ(ReadAll(MakeTestArchive({ bomb })).bytes, 100'000'000u);
 
@@ -248,6 +250,7 @@ TEST(DamagedArchiveTest, EntriesOfOneNameOverTheSameBytesAreHeldDown)
 TEST(DamagedArchiveTest, TheLargestDirectoryIsListedAndSearchedAtOnce)
 {
     std::vector<TestEntry> entries;
+    entries.reserve(65535);
     for (int index = 0; index < 65535; ++index)
     {
         entries.push_back(Stored("f/" + std::to_string(index) + "/x", ""));

@@ -21,6 +21,7 @@ using Names = std::vector<std::wstring>;
 std::string Archive(const std::vector<std::string>& names)
 {
     std::vector<TestEntry> entries;
+    entries.reserve(names.size());
     for (const std::string& name : names)
     {
         entries.push_back(Deflated(name, "contents of " + name));
