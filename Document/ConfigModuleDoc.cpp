@@ -40,8 +40,13 @@ bool CQOXRMConfigModuleDoc::OnNewDocument()
 bool CQOXRMConfigModuleDoc::OnOpenDocument(const wxString& path)
 {
     const wxBusyCursor busy;
-    if (!m_rules.Open(path.ToStdWstring()))
+    switch (m_rules.Open(path.ToStdWstring()))
     {
+    case RuleDocument::OpenFailure::None:
+        break;
+    case RuleDocument::OpenFailure::Told:
+        return false;
+    case RuleDocument::OpenFailure::NotRead:
         ShowFailure(TextId::FileNotOpened, path);
         return false;
     }
@@ -63,7 +68,7 @@ bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
     case RuleDocument::SaveFailure::NotWritable:
         ShowFailure(TextId::FileNotSaved, path);
         return false;
-    case RuleDocument::SaveFailure::NoPassword:
+    case RuleDocument::SaveFailure::Told:
         return false;
     case RuleDocument::SaveFailure::NotWritten:
         ShowFailure(TextId::RulesNotLoaded, path);

@@ -33,7 +33,7 @@ bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
 
 } // namespace
 
-RuleDocument::RuleDocument(IUserPrompt* prompt) : m_prompt(prompt), m_header(prompt) {}
+RuleDocument::RuleDocument(IUserPrompt* prompt) : m_prompt(prompt), m_header(prompt), m_access(prompt) {}
 
 RuleDocument::~RuleDocument()
 {
@@ -54,25 +54,47 @@ RuleDocument::~RuleDocument()
     }
 }
 
-bool RuleDocument::Open(const std::wstring& path)
+RuleDocument::OpenFailure RuleDocument::Open(const std::wstring& path)
 {
     LogMessage(L"Command received to open Rule file %s", path);
-    m_bReadOnly = false;
+    if (!m_access.TakeForOpening(path, m_strOpenPath))
+    {
+        return OpenFailure::Told;
+    }
     const std::string narrowPath = ToNarrow(path);
     if (!NamesSameFile(narrowPath, path) || !m_header.LoadRuleFile(narrowPath))
     {
-        return false;
+        return OpenFailure::NotRead;
     }
     m_bUnitSet = true;
     m_strOpenPath = path;
     LoadUserRules();
     LogMessage(L"Rule file has been opened successfully");
-    return true;
+    return OpenFailure::None;
 }
 
 RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
 {
     LogMessage(L"Save has been called");
+    if (!m_access.ReleaseForSaving(path, m_strOpenPath))
+    {
+        return SaveFailure::Told;
+    }
+    const SaveFailure failure = Write(path);
+    if (failure != SaveFailure::Told)
+    {
+        m_access.TakeAfterSaving(path);
+    }
+    if (failure == SaveFailure::None)
+    {
+        m_strOpenPath = path;
+        LogMessage(L"The document has been saved");
+    }
+    return failure;
+}
+
+RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
+{
     const std::string narrowPath = ToNarrow(path);
     if (!NamesSameFile(narrowPath, path) || !Platform::CanWriteFile(path))
     {
@@ -80,7 +102,7 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
     }
     if (!m_bPasswordChecked && !AskPassword())
     {
-        return SaveFailure::NoPassword;
+        return SaveFailure::Told;
     }
     LogMessage(L"Updating file details");
     m_header.UpdateFileDetails(narrowPath, NoLanguage);
@@ -106,8 +128,6 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
     {
         return SaveFailure::NotWritten;
     }
-    m_strOpenPath = path;
-    LogMessage(L"The document has been saved");
     return SaveFailure::None;
 }
 

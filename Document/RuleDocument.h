@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Document/Lumeq.h"
+#include "Document/RuleFileAccess.h"
 #include "Document/RuleList.h"
 
 #include <Vantrel/PointerArray.h>
@@ -23,21 +24,30 @@ public:
     RuleDocument(const RuleDocument&) = delete;
     RuleDocument& operator=(const RuleDocument&) = delete;
 
-    /// Reads a rule file into the header record and, if that worked, the user-defined
-    /// rules. False if the file can't be read or isn't XML.
-    bool Open(const std::wstring& path);
+    /// Why a file wasn't opened.
+    enum class OpenFailure
+    {
+        None,
+        Told,    ///< It isn't to be had, which the user knows, or the user didn't want it.
+        NotRead, ///< It can't be read, or isn't XML.
+    };
+
+    /// Takes a rule file, reads it into the header record and, if that worked, reads the
+    /// user-defined rules.
+    OpenFailure Open(const std::wstring& path);
 
     /// Why a document wasn't saved.
     enum class SaveFailure
     {
         None,
         NotWritable, ///< The file or its folder refuses writing.
-        NoPassword,  ///< The password wasn't given, which the user knows.
+        Told,        ///< It isn't to be had or its password wasn't given, which the user knows.
         NotWritten,  ///< There is no framework library to write with.
     };
 
     /// Writes the rules of the rule list, once the user has given the password of a
-    /// protected document.
+    /// protected document. The file is let go of for the time of the write, and stays so if
+    /// the password is refused.
     SaveFailure Save(const std::wstring& path);
 
     /// Reads `UserDefinedFile.xml`, which is made if it doesn't exist, and appends its rules
@@ -77,11 +87,12 @@ public:
     const RuleList& Rules() const { return m_ruleList; }
     PointerArray& UserRules() { return m_userRules; }
     const std::wstring& OpenPath() const { return m_strOpenPath; }
-    bool IsReadOnly() const { return m_bReadOnly; }
-    void SetReadOnly(bool readOnly) { m_bReadOnly = readOnly; }
+    bool IsReadOnly() const { return m_access.IsReadOnly(); }
+    void SetReadOnly(bool readOnly) { m_access.SetReadOnly(readOnly); }
     bool IsUnitSet() const { return m_bUnitSet; }
 
 private:
+    SaveFailure Write(const std::wstring& path);
     void ForgetRule(const CQoxRule* rule);
     void ShowBox(const std::wstring& text) const;
 
@@ -90,7 +101,7 @@ private:
     bool m_bUnitSet = false;
     RuleList m_ruleList;
     PointerArray m_userRules; // owned
-    bool m_bReadOnly = false;
+    RuleFileAccess m_access;
     std::wstring m_strOpenPath;
     bool m_bPasswordChecked = false; ///< The password has been settled in this run.
     std::wstring m_strPassword;

@@ -67,6 +67,18 @@ constexpr std::array Entries = {
     Entry{ TextId::PasswordField, L"&Password:" },
     Entry{ TextId::CommandSetPassword, L"Set &Password...\tCtrl+L" },
     Entry{ TextId::TipSetPassword, L"Sets the password that saving the active document will need" },
+    Entry{ TextId::FileNotFound, L"\"%1\" could not be opened: it is not there, or its path is wrong." },
+    Entry{ TextId::OpenReadOnly,
+           L"\"%1\" is being used by someone else, or it may not be written to.%2 Open it read-only?" },
+    Entry{ TextId::FileHolder, L"It is open for the user \"%1\"." },
+    Entry{ TextId::ChangesNotSaved,
+           L"\"%1\" was opened read-only, and it still can't be written to.%2 Save the changes under another name." },
+    Entry{ TextId::OthersMayHaveChanged,
+           L"\"%1\" was opened read-only, and whoever used it has let go of it since. What was changed there "
+           L"meanwhile is replaced by this document." },
+    Entry{ TextId::FileNotWritten, L"\"%1\" could not be saved: the file can't be written. It is as it was." },
+    Entry{ TextId::FileInUse, L"\"%1\" could not be saved: it is being used by someone else.%2 It is as it was." },
+    Entry{ TextId::DiskFull, L"\"%1\" could not be saved: the disk is full. The file is as it was." },
 };
 
 static_assert(static_cast<std::uint32_t>(Entries.back().id) - static_cast<std::uint32_t>(Entries.front().id) + 1 ==

@@ -54,6 +54,14 @@ enum class TextId : std::uint32_t
     PasswordField,
     CommandSetPassword,
     TipSetPassword,
+    FileNotFound,
+    OpenReadOnly,
+    FileHolder,
+    ChangesNotSaved,
+    OthersMayHaveChanged,
+    FileNotWritten,
+    FileInUse,
+    DiskFull,
 };
 
 /// The text of a number in the program's own language.

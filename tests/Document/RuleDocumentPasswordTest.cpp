@@ -33,6 +33,14 @@ protected:
         return ReadBytes(path);
     }
 
+    /// A copy of the file, which the document itself still holds.
+    std::wstring Copy() const
+    {
+        const std::wstring copy = folder.File(L"copy.vrf");
+        WriteBytes(copy, ReadBytes(path));
+        return copy;
+    }
+
     TestApplication application;
     RecordingPrompt& prompt = application.prompt;
     TemporaryFolder folder;
@@ -65,7 +73,7 @@ TEST_F(RuleDocumentPasswordTest, APasswordGoesIntoTheFileWithTheNextSave)
     EXPECT_EQ(document.Save(path), Failure::None);
     EXPECT_TRUE(document.IsPasswordProtected());
     RuleDocument again(&prompt);
-    ASSERT_TRUE(again.Open(path));
+    ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(again.IsPasswordProtected());
     EXPECT_TRUE(again.HasPassword());
     EXPECT_TRUE(prompt.texts.empty());
@@ -75,12 +83,12 @@ TEST_F(RuleDocumentPasswordTest, AWrongPasswordIsToldAndTheFileStays)
 {
     const std::string bytes = MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     for (const wchar_t* const wrong : { L"", L"Secret", L"secret ", L"secre" })
     {
         prompt.texts.clear();
         prompt.password = wrong;
-        EXPECT_EQ(document.Save(path), Failure::NoPassword);
+        EXPECT_EQ(document.Save(path), Failure::Told);
         EXPECT_EQ(prompt.texts, WrongPasswordBox);
     }
     EXPECT_EQ(ReadBytes(path), bytes);
@@ -90,8 +98,8 @@ TEST_F(RuleDocumentPasswordTest, WhoGivesNoPasswordIsToldNothingAndTheFileStays)
 {
     const std::string bytes = MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     EXPECT_TRUE(prompt.texts.empty());
     EXPECT_EQ(ReadBytes(path), bytes);
 }
@@ -100,11 +108,11 @@ TEST_F(RuleDocumentPasswordTest, EachSaveAsksUntilThePasswordWasGivenOnce)
 {
     MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     document.Rules().Append(&rule);
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     prompt.password = L"wrong";
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     prompt.password = L"secret";
     EXPECT_EQ(document.Save(path), Failure::None);
     EXPECT_EQ(prompt.passwordPurposes, std::vector<PasswordPurpose>(3, PasswordPurpose::Save));
@@ -112,7 +120,7 @@ TEST_F(RuleDocumentPasswordTest, EachSaveAsksUntilThePasswordWasGivenOnce)
     EXPECT_EQ(document.Save(path), Failure::None);
     EXPECT_EQ(prompt.passwordPurposes.size(), 3u);
     RuleDocument again(&prompt);
-    ASSERT_TRUE(again.Open(path));
+    ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(again.IsPasswordProtected()) << "the file keeps its password";
 }
 
@@ -120,9 +128,9 @@ TEST_F(RuleDocumentPasswordTest, SavingUnderAnotherNameAsksToo)
 {
     MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     const std::wstring other = folder.File(L"other.vrf");
-    EXPECT_EQ(document.Save(other), Failure::NoPassword);
+    EXPECT_EQ(document.Save(other), Failure::Told);
     EXPECT_FALSE(Platform::PathExists(other));
     EXPECT_EQ(document.OpenPath(), path);
 }
@@ -131,7 +139,7 @@ TEST_F(RuleDocumentPasswordTest, APlaceThatCannotBeWrittenIsRefusedWithoutAsking
 {
     MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     EXPECT_EQ(document.Save(folder.File(L"missing") + Platform::PathSeparator + L"rules.vrf"), Failure::NotWritable);
     EXPECT_TRUE(prompt.passwordPurposes.empty());
 }
@@ -140,8 +148,8 @@ TEST_F(RuleDocumentPasswordTest, WithNobodyToAskAProtectedFileIsNotSaved)
 {
     const std::string bytes = MakeProtectedFile();
     RuleDocument document;
-    ASSERT_TRUE(document.Open(path));
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     EXPECT_EQ(ReadBytes(path), bytes);
 }
 
@@ -149,10 +157,10 @@ TEST_F(RuleDocumentPasswordTest, AnEmptyPasswordIsAPassword)
 {
     MakeProtectedFile(L"");
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(document.IsPasswordProtected());
     prompt.password = L"x";
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     prompt.password = L"";
     EXPECT_EQ(document.Save(path), Failure::None);
 }
@@ -174,9 +182,9 @@ TEST_F(RuleDocumentPasswordTest, APasswordOutsideTheCodePageDoesNotMatchAfterARo
     const ScopedLocale locale("C");
     MakeProtectedFile(L"\u65E5");
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     prompt.password = L"\u65E5";
-    EXPECT_EQ(document.Save(path), Failure::NoPassword);
+    EXPECT_EQ(document.Save(path), Failure::Told);
     EXPECT_EQ(prompt.texts, WrongPasswordBox);
 }
 
@@ -184,11 +192,11 @@ TEST_F(RuleDocumentPasswordTest, TheProtectionIsLostWithTheLastRule)
 {
     MakeProtectedFile();
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     prompt.password = L"secret";
     EXPECT_EQ(document.Save(path), Failure::None); // no rule was taken into its list
     RuleDocument again(&prompt);
-    ASSERT_TRUE(again.Open(path));
+    ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_FALSE(again.IsPasswordProtected());
 }
 
@@ -198,7 +206,7 @@ TEST_F(RuleDocumentPasswordTest, ASaveAfterRulesWereChangedByHandWritesARightDig
     bytes.replace(bytes.find("Alpha"), 5, "Omega");
     WriteBytes(path, bytes);
     RuleDocument document(&prompt);
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     EXPECT_EQ(prompt.texts, std::vector<std::wstring>{ L"Rule File is modifed..." });
     prompt.texts.clear();
     CQoxRule* changed = nullptr;
@@ -208,7 +216,7 @@ TEST_F(RuleDocumentPasswordTest, ASaveAfterRulesWereChangedByHandWritesARightDig
     prompt.password = L"secret";
     EXPECT_EQ(document.Save(path), Failure::None);
     RuleDocument again(&prompt);
-    ASSERT_TRUE(again.Open(path));
+    ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(prompt.texts.empty());
     EXPECT_TRUE(again.IsPasswordProtected());
 }

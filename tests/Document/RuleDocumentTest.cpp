@@ -40,7 +40,7 @@ TEST_F(RuleDocumentTest, OpeningReadsTheFileAndTheUserDefinedRules)
     WriteBytes(path, std::string("<Lumeq Unit=\"3\">") + CompleteRule + "</Lumeq>");
     RuleDocument document;
     EXPECT_FALSE(document.IsUnitSet());
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(document.IsUnitSet());
     EXPECT_EQ(document.OpenPath(), path);
     EXPECT_EQ(document.Header().GetCount(), 1);
@@ -52,7 +52,7 @@ TEST_F(RuleDocumentTest, AFileThatIsNoXmlIsNotOpened)
 {
     WriteBytes(path, "no xml");
     RuleDocument document;
-    EXPECT_FALSE(document.Open(path));
+    EXPECT_EQ(document.Open(path), RuleDocument::OpenFailure::NotRead);
     EXPECT_FALSE(document.IsUnitSet());
     EXPECT_EQ(ReadBytes(path), "no xml");
 }
@@ -65,7 +65,7 @@ TEST_F(RuleDocumentTest, TheRulesOfADocumentThatNoViewShowedGoBackToTheirModule)
                          "<Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/></Lumeq>");
     {
         RuleDocument document;
-        ASSERT_TRUE(document.Open(path));
+        ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
         EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before + 2);
     }
     EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
@@ -159,7 +159,7 @@ TEST_F(RuleDocumentTest, APathWithCharactersThatTheCodePageLacksNamesNoOtherFile
     const std::string bytes = "<Lumeq Unit=\"3\"/>";
     WriteBytes(folder.File(L"Gr?.vrf"), bytes);
     RuleDocument document;
-    EXPECT_FALSE(document.Open(unknown));
+    EXPECT_EQ(document.Open(unknown), RuleDocument::OpenFailure::Told);
     EXPECT_EQ(document.Save(unknown), RuleDocument::SaveFailure::NotWritable);
     EXPECT_EQ(ReadBytes(folder.File(L"Gr?.vrf")), bytes);
 }
@@ -248,7 +248,7 @@ TEST_F(RuleDocumentTest, ReleasingTheRowsOfAViewDeletesEachRuleOnce)
     WriteUserRules("<Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/>");
     WriteBytes(path, std::string("<Lumeq>") + CompleteRule + "</Lumeq>");
     RuleDocument document;
-    ASSERT_TRUE(document.Open(path));
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
     PointerArray rules;
     document.Header().GetRules(rules);
     std::vector<CQoxRule*> rows(rules.begin(), rules.end());

@@ -112,7 +112,7 @@ protected:
     void OpenWith(const std::string& rules, const std::string& attributes = "")
     {
         WriteBytes(path, "<Lumeq " + attributes + ">" + rules + "</Lumeq>");
-        ASSERT_TRUE(document.Open(path));
+        ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
         explorer.UpdateRuleList(true);
     }
 

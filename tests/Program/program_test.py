@@ -4,6 +4,7 @@ Usage: program_test.py <program> <samples folder> [unittest arguments]
 Needs a display with a window manager, xdotool, xev and xmllint.
 """
 
+import fcntl
 import os
 import re
 import shutil
@@ -93,6 +94,17 @@ class ProgramTest(unittest.TestCase):
         pid = ["--all", "--pid", str(process.pid)] if process else []
         names = (xdotool("getwindowname", window) for window in xdotool("search", "--onlyvisible", *pid, "--name", "."))
         return [name[0] for name in names if name]
+
+    def windows(self, process):
+        return xdotool("search", "--onlyvisible", "--all", "--pid", str(process.pid), "--name", ".")
+
+    def can_lock(self, path):
+        with open(path, "r+b") as file:
+            try:
+                fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            except BlockingIOError:
+                return False
+        return True
 
     def wait_for_title(self, process, pattern):
         return self.wait_until(
@@ -313,6 +325,31 @@ class ProgramTest(unittest.TestCase):
         self.wait_for_title(process, "^milled-bracket.vrf - ")
         self.assertEqual(read_bytes(path), changed)
         self.close(process)
+
+    def test_a_file_that_another_user_holds_opens_read_only_and_is_saved_once_it_is_free(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        other = open(path, "r+b")
+        self.addCleanup(other.close)
+        fcntl.flock(other, fcntl.LOCK_EX)
+        process = self.start(path)
+        self.focus("^Vantrel Rule Manager$")  # the question
+        self.press("alt+y")
+        self.focus(r"^milled-bracket.vrf \[Read-Only\] ")
+        before = read_bytes(path)
+        self.press("End", "space", "ctrl+s")
+        self.wait_until(lambda: len(self.windows(process)) == 2, "the refusal")
+        self.press("Return")
+        self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the refusal")
+        self.assertEqual(read_bytes(path), before)
+        fcntl.flock(other, fcntl.LOCK_UN)
+        self.focus(r"^milled-bracket.vrf \[Read-Only\] ")
+        self.press("ctrl+s")
+        self.wait_until(lambda: len(self.windows(process)) == 2, "the warning")
+        self.press("Return")
+        self.wait_until(lambda: len(self.rule_names(path)) == 12, "one more rule in the file")
+        self.wait_until(lambda: not self.can_lock(path), "the lock of the program")
+        self.close(process)
+        self.assertTrue(self.can_lock(path))
 
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
         process = self.start()

@@ -5,12 +5,12 @@
 TEST(TextsTest, EveryNumberHasAText)
 {
     for (auto number = static_cast<std::uint32_t>(TextId::ApplicationTitle);
-         number <= static_cast<std::uint32_t>(TextId::TipSetPassword); ++number)
+         number <= static_cast<std::uint32_t>(TextId::DiskFull); ++number)
     {
         EXPECT_FALSE(LoadText(static_cast<TextId>(number)).empty()) << number;
     }
     EXPECT_TRUE(LoadText(static_cast<TextId>(1)).empty());
-    EXPECT_TRUE(LoadText(static_cast<TextId>(static_cast<std::uint32_t>(TextId::TipSetPassword) + 1)).empty());
+    EXPECT_TRUE(LoadText(static_cast<TextId>(static_cast<std::uint32_t>(TextId::DiskFull) + 1)).empty());
 }
 
 TEST(TextsTest, ArgumentsTakeThePlaceOfTheirNumbersAndAreNotReadForMore)
