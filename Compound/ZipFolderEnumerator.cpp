@@ -22,14 +22,6 @@ std::wstring EntryPrefix(ICompoundFolder& folder)
     return ZipEntryPath(std::move(path));
 }
 
-/// Names that a listing has so far, in lower case.
-struct ListedNames
-{
-    std::set<std::wstring> folders;
-    std::set<std::wstring> filesInFolder;
-    std::set<std::wstring> filesBeside; // whose names begin like the folder's
-};
-
 } // namespace
 
 ZipFolderEnumerator::ZipFolderEnumerator(ICompoundFolder& folder, const ZipArchive& archive)
@@ -39,7 +31,7 @@ ZipFolderEnumerator::ZipFolderEnumerator(ICompoundFolder& folder, const ZipArchi
         return;
     }
     const std::wstring prefix = EntryPrefix(folder);
-    ListedNames listed;
+    std::set<std::wstring> listed; // in lower case
     for (const ZipEntry* const entry : archive.index->BeginningWith(prefix))
     {
         const std::wstring_view rest = std::wstring_view(entry->name).substr(prefix.size());
@@ -49,16 +41,12 @@ ZipFolderEnumerator::ZipFolderEnumerator(ICompoundFolder& folder, const ZipArchi
             continue;
         }
         const std::wstring name(pieces.front());
-        const std::wstring folded = Platform::ToLower(name);
-        // A file keeps a folder of its name off the list, but not one that lies elsewhere.
-        const bool isInFolder = prefix.empty() || rest.front() == L'/';
-        std::set<std::wstring>& files = isInFolder ? listed.filesInFolder : listed.filesBeside;
+        const bool isNew = listed.insert(Platform::ToLower(name)).second;
         if (pieces.size() == 1)
         {
-            files.insert(folded); // as often as it is there; folders once
-            Append(name.c_str(), CompoundEntryFile);
+            Append(name.c_str(), CompoundEntryFile); // as often as it is there
         }
-        else if (!files.contains(folded) && listed.folders.insert(folded).second)
+        else if (isNew) // also a file of that name keeps a folder off the list
         {
             Append(name.c_str(), CompoundEntryFolder);
         }

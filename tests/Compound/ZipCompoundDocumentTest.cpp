@@ -63,8 +63,14 @@ TEST(ZipCompoundDocumentTest, FoldersAreListedOnceAndByFirstAppearance)
 
 TEST(ZipCompoundDocumentTest, AListingPicksUpSiblingsThatBeginAlike)
 {
-    const TestDocument document(Archive({ "a/b", "a/c/d", "ab/x" }));
-    EXPECT_EQ(document.List(L"a"), (Names{ L"b", L"c/", L"b/" }));
+    const TestDocument document(Archive({ "a/c/d", "ab/x", "aE" }));
+    EXPECT_EQ(document.List(L"a"), (Names{ L"c/", L"b/", L"E" }));
+}
+
+TEST(ZipCompoundDocumentTest, AFileKeepsASiblingsFolderOfItsNameOffTheList)
+{
+    EXPECT_EQ(TestDocument(Archive({ "a/b", "a/c/d", "ab/x" })).List(L"a"), (Names{ L"b", L"c/" }));
+    EXPECT_EQ(TestDocument(Archive({ "ab/x", "a/b" })).List(L"a"), (Names{ L"b/", L"b" }));
 }
 
 TEST(ZipCompoundDocumentTest, FilesAreListedAsOftenAsTheyAreThere)
