@@ -36,7 +36,7 @@ protected:
     /// A copy of the file, which the document itself still holds.
     std::wstring Copy() const
     {
-        const std::wstring copy = folder.File(L"copy.vrf");
+        std::wstring copy = folder.File(L"copy.vrf");
         WriteBytes(copy, ReadBytes(path));
         return copy;
     }

@@ -32,6 +32,7 @@ protected:
                          [this](const CQoxRule* first, const CQoxRule* second)
                          { return order.Compare(*first, *second) < 0; });
         std::vector<std::wstring> names;
+        names.reserve(sorted.size());
         for (const CQoxRule* const rule : sorted)
         {
             names.push_back(rule->m_strDisplayName);
