@@ -2,6 +2,7 @@
 
 #include "bench/BenchFolder.h"
 #include "Modules/ApplicationGlobals.h"
+#include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleSet.h"
 #include "Utilities/UserPrompt.h"
 
@@ -23,7 +24,7 @@ public:
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return *this; }
     void SetDocOpenState(int /*state*/) override {}
-    bool HasActiveDocument() const override { return false; }
+    Platform::LibraryHandle Framework() override { return LoadFrameworkLibrary(); }
 
     /// Path of a file of that name in a folder of the benchmark's own.
     std::string File(const std::string& name) const { return m_folder.File(name); }

@@ -6,6 +6,7 @@
 #include "Document/RulePassword.h"
 #include "fuzz/FuzzFile.h"
 #include "Modules/ApplicationGlobals.h"
+#include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleSet.h"
 #include "Utilities/UserPrompt.h"
 
@@ -27,7 +28,7 @@ public:
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return *this; }
     void SetDocOpenState(int /*state*/) override {}
-    bool HasActiveDocument() const override { return false; }
+    Platform::LibraryHandle Framework() override { return LoadFrameworkLibrary(); }
 
     int boxes = 0;
 
