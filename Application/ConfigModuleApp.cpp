@@ -2,6 +2,7 @@
 
 #include "Application/LogFolder.h"
 #include "Application/Registration.h"
+#include "Application/ToolkitTexts.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
 #include "Modules/FrameworkLibrary.h"
@@ -67,7 +68,10 @@ CQOXRMConfigModuleApp::CQOXRMConfigModuleApp()
     SetAppName(InitialName);
 }
 
-CQOXRMConfigModuleApp::~CQOXRMConfigModuleApp() = default;
+CQOXRMConfigModuleApp::~CQOXRMConfigModuleApp()
+{
+    UseTextLibrary(nullptr);
+}
 
 bool CQOXRMConfigModuleApp::OnInit()
 {
@@ -96,8 +100,8 @@ bool CQOXRMConfigModuleApp::InitInstance()
     {
         collector->OnCollectorStart();
     }
-    // The texts are the program's own; those of other languages come in here, before
-    // anything is shown.
+    InitResourceLibrary(m_language, Platform::ProgramPath());
+    TranslateToolkit();
     const std::wstring title = LoadText(TextId::ApplicationTitle);
     SetAppName(title);
     SetAppDisplayName(title);

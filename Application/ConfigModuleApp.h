@@ -3,6 +3,7 @@
 #include "Application/CommandLine.h"
 #include "Application/DocumentManager.h"
 #include "Application/MainFrame.h"
+#include "Application/ResourceLanguage.h"
 #include "Application/WindowPrompt.h"
 #include "Document/UserRuleFile.h"
 #include "Modules/ApplicationGlobals.h"
@@ -68,6 +69,7 @@ private:
     bool bLogEnabled = false;
     bool m_started = false;
     bool m_automationStarted = false;
+    LanguageResources m_language;
     WindowPrompt m_prompt;
     ModuleSet m_modules;
     CommandLine m_commandLine;

@@ -18,8 +18,8 @@ constexpr std::size_t RecentFileCount = 4;
 wxDocTemplate* RuleDocManager::MakeRuleTemplate()
 {
     const wxString extension = RuleFileExtension;
-    // Registers itself with the manager, which owns it.
-    return new wxDocTemplate(this, LoadText(TextId::DocumentTypeName), "*." + extension, wxString(), extension,
+    // Registers itself with the manager, which owns it. File dialogs add the pattern to the name.
+    return new wxDocTemplate(this, LoadText(TextId::DocumentFilterName), "*." + extension, wxString(), extension,
                              "Rule document", "Rule explorer", wxCLASSINFO(CQOXRMConfigModuleDoc),
                              wxCLASSINFO(CQOXRMConfigModuleView));
 }

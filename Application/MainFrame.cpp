@@ -6,8 +6,8 @@
 #include <wx/aboutdlg.h>
 #include <wx/menu.h>
 #include <wx/persist/toplevel.h>
-#include <wx/stockitem.h>
 #include <wx/toolbar.h>
+#include <wx/utils.h>
 
 #include <map>
 
@@ -16,16 +16,6 @@ namespace
 
 constexpr int StartWidth = 1000;
 constexpr int StartHeight = 700;
-
-wxString MenuText(const Command& command)
-{
-    return command.text ? wxString(LoadText(*command.text)) : wxString();
-}
-
-wxString TipText(const Command& command)
-{
-    return command.tip ? wxString(LoadText(*command.tip)) : wxString();
-}
 
 } // namespace
 
@@ -73,7 +63,7 @@ void CQOXRMMainFrame::MakeMenus()
         {
             menu->AppendSeparator();
         }
-        menu->Append(command.id, MenuText(command), TipText(command), command.kind);
+        menu->Append(command.id, LoadText(command.text), LoadText(command.tip), command.kind);
     }
     m_fileMenu = menus[TextId::MenuFile];
     SetMenuBar(menuBar);
@@ -86,9 +76,9 @@ void CQOXRMMainFrame::MakeToolBar()
     {
         if (command.toolBarArt != nullptr)
         {
-            toolBar->AddTool(command.id, wxGetStockLabel(command.id, wxSTOCK_NOFLAGS),
+            toolBar->AddTool(command.id, wxStripMenuCodes(LoadText(command.text), wxStrip_Menu),
                              wxArtProvider::GetBitmapBundle(wxASCII_STR(command.toolBarArt), wxART_TOOLBAR),
-                             TipText(command));
+                             LoadText(command.tip));
         }
     }
     toolBar->Realize();

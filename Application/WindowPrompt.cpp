@@ -1,6 +1,7 @@
 #include "Application/WindowPrompt.h"
 
 #include "Document/PasswordDlg.h"
+#include "Utilities/Texts.h"
 
 #include <wx/msgdlg.h>
 #include <wx/utils.h>
@@ -52,13 +53,17 @@ private:
 void WindowPrompt::ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
     const OrdinaryCursor cursor;
-    wxMessageDialog(wxGetActiveWindow(), text, caption, wxOK | IconOf(kind)).ShowModal();
+    wxMessageDialog dialog(wxGetActiveWindow(), text, caption, wxOK | IconOf(kind));
+    dialog.SetOKLabel(wxString(LoadText(TextId::ButtonOk)));
+    dialog.ShowModal();
 }
 
 bool WindowPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
     const OrdinaryCursor cursor;
-    return wxMessageDialog(wxGetActiveWindow(), text, caption, wxYES_NO | IconOf(kind)).ShowModal() == wxID_YES;
+    wxMessageDialog dialog(wxGetActiveWindow(), text, caption, wxYES_NO | IconOf(kind));
+    dialog.SetYesNoLabels(wxString(LoadText(TextId::ButtonYes)), wxString(LoadText(TextId::ButtonNo)));
+    return dialog.ShowModal() == wxID_YES;
 }
 
 std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)

@@ -1,6 +1,7 @@
 #include "Document/PasswordDlg.h"
 
 #include "Document/RulePassword.h"
+#include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 
 #include <wx/sizer.h>
@@ -68,6 +69,7 @@ void CPasswordDlg::MakeControls(PasswordPurpose purpose)
     rows->Add(label, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Margin)));
     rows->Add(field, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
     rows->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM | wxRIGHT, FromDIP(Margin)));
+    LabelStandardButtons(*this);
     SetSizerAndFit(rows);
 }
 

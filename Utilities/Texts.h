@@ -1,71 +1,25 @@
 #pragma once
 
+#include "Lang/TextIds.h"
+
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 
-/// Numbers of the texts that a user reads. They are stable: language libraries, which hold
-/// the translations, are made against them.
-enum class TextId : std::uint32_t
+namespace Platform
 {
-    ApplicationTitle = 61000,
-    AutomationFailed,
-    FileOnCommandLineMissing,
-    NoDatabaseModule,
-    LogFolder,
-    DocumentTypeName,
-    DocumentFilter,
-    RuleModuleAttribute,
-    RuleCount,
-    ColumnName,
-    ColumnCategory,
-    ColumnModule,
-    ColumnCriticality,
-    Criticality1,
-    Criticality2,
-    Criticality3,
-    Criticality4,
-    Criticality5,
-    SummaryLabel,
-    RuleFileModified,
-    FileNotSaved,
-    FileNotOpened,
-    PackageNotImported,
-    MenuFile,
-    MenuView,
-    MenuHelp,
-    CommandLog,
-    TipLog,
-    AboutText,
-    RulesNotLoaded,
-    TipNew,
-    TipOpen,
-    TipClose,
-    TipSave,
-    TipSaveAs,
-    TipExit,
-    TipAbout,
-    WrongPassword,
-    PasswordTooLong,
-    SetPasswordTitle,
-    SetPasswordLabel,
-    EnterPasswordTitle,
-    EnterPasswordLabel,
-    PasswordField,
-    CommandSetPassword,
-    TipSetPassword,
-    FileNotFound,
-    OpenReadOnly,
-    FileHolder,
-    ChangesNotSaved,
-    OthersMayHaveChanged,
-    FileNotWritten,
-    FileInUse,
-    DiskFull,
-};
+class ResourceLibrary;
+}
 
-/// The text of a number in the program's own language.
+/// Makes a language library the source of all texts. Null, as at the start, leaves the
+/// English ones that the program itself holds. Not owned; it must live as long as it is set.
+void UseTextLibrary(const Platform::ResourceLibrary* library);
+
+/// The text of a number in the language in use; what its library lacks is in English.
 std::wstring LoadText(TextId id);
+
+/// Same for a number that stands in a table. Empty for a number that no text has.
+std::wstring LoadText(std::uint32_t number);
 
 /// The text of a number with `%1`, `%2`, ... replaced by the arguments.
 std::wstring FormatText(TextId id, std::initializer_list<std::wstring> arguments);

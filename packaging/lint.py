@@ -252,7 +252,7 @@ def check_scripts(tree, options):
 
 def check_text(tree, options):
     """Our own text files are UTF-8, end with a line end, and have no tabs or blanks at line ends."""
-    for file in tree.ending(".cpp", ".h", ".h.in", ".cmake", ".sh", ".py", "CMakeLists.txt", ".editorconfig",
+    for file in tree.ending(".cpp", ".h", ".h.in", ".texts", ".cmake", ".sh", ".py", "CMakeLists.txt", ".editorconfig",
                             "Makefile", ".ci/run"):
         with open(tree.path(file), "rb") as stream:
             data = stream.read()

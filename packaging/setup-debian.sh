@@ -8,7 +8,7 @@ set -u
 
 # What every build needs.
 readonly build=(
-    g++ cmake ninja-build ccache pkg-config
+    g++ cmake ninja-build ccache pkg-config python3
     libwxgtk3.2-dev libpugixml-dev libsqlite3-dev zlib1g-dev libmd-dev libglib2.0-dev)
 
 # What windows need to look as they should.
@@ -17,7 +17,7 @@ readonly look=(fonts-dejavu-core adwaita-icon-theme librsvg2-common)
 # A virtual display with a window manager, and looking at it.
 readonly display=(xvfb openbox xauth x11-utils xdotool imagemagick)
 
-readonly test=("${build[@]}" "${look[@]}" "${display[@]}" libgtest-dev libgmock-dev libxml2-utils locales openssl python3 unzip)
+readonly test=("${build[@]}" "${look[@]}" "${display[@]}" libgtest-dev libgmock-dev libxml2-utils locales openssl unzip)
 readonly fuzz=("${build[@]}" clang-14 libclang-rt-14-dev)
 readonly bench=("${build[@]}" libbenchmark-dev)
 readonly lint=("${test[@]}" clang-format-14 clang-tidy-14)

@@ -26,12 +26,14 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/InstanceSocket.cpp
     Posix/Library.cpp
     Posix/LibraryFile.cpp
+    Posix/Locale.cpp
     Posix/Process.cpp
     Posix/ProcessVariable.cpp
     Posix/ReadFile.cpp
     Posix/Registry.cpp
     Posix/RegistryStore.cpp
     Posix/ReplaceFile.cpp
+    Posix/ResourceLibrary.cpp
     Posix/SingleInstance.cpp
     Posix/StandardFile.cpp
     Posix/StructuredStorage.cpp
@@ -41,3 +43,7 @@ set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0)
 set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp)
 set(VANTREL_PLATFORM_LOOP_LINK PkgConfig::GLib)
+
+# What a language library needs beside its texts. The folder of the languages reads it.
+set(VANTREL_TEXT_LIBRARY_SOURCES "${CMAKE_CURRENT_LIST_DIR}/TextLibraryExport.cpp"
+    CACHE INTERNAL "Sources of each language library")
