@@ -32,7 +32,6 @@ struct ToolkitText
 /// Labels of standard buttons are not among them: the toolkit would take a translated one
 /// for its own, and some systems put that into the system's language.
 constexpr std::array ToolkitTexts = {
-    ToolkitText{ "Do you want to save changes to %s?", TextId::ToolkitSaveChanges },
     ToolkitText{ "unnamed", TextId::ToolkitUnnamed },
     ToolkitText{ "unnamed%d", TextId::ToolkitUnnamedNumber },
     ToolkitText{ "&Window", TextId::ToolkitMenuWindow },

@@ -66,6 +66,24 @@ bool WindowPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::w
     return dialog.ShowModal() == wxID_YES;
 }
 
+SaveAnswer WindowPrompt::AskSaveChanges(const std::wstring& documentName)
+{
+    const OrdinaryCursor cursor;
+    wxMessageDialog dialog(wxGetActiveWindow(), FormatText(TextId::SaveChangesQuestion, { documentName }),
+                           LoadText(TextId::ApplicationTitle), wxYES_NO | wxCANCEL | wxICON_QUESTION);
+    dialog.SetYesNoCancelLabels(wxString(LoadText(TextId::ButtonSave)), wxString(LoadText(TextId::ButtonDontSave)),
+                                wxString(LoadText(TextId::ButtonCancel)));
+    switch (dialog.ShowModal())
+    {
+    case wxID_YES:
+        return SaveAnswer::Save;
+    case wxID_NO:
+        return SaveAnswer::Discard;
+    default:
+        return SaveAnswer::Cancel;
+    }
+}
+
 std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
 {
     const OrdinaryCursor cursor;

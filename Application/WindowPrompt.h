@@ -8,5 +8,6 @@ class WindowPrompt : public IUserPrompt
 public:
     void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+    SaveAnswer AskSaveChanges(const std::wstring& documentName) override;
     std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
 };

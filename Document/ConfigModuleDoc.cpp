@@ -80,6 +80,27 @@ bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
     return true;
 }
 
+bool CQOXRMConfigModuleDoc::OnSaveModified()
+{
+    if (!IsModified())
+    {
+        return true;
+    }
+    // The toolkit's own question would name the document with the mark of its modification.
+    const std::wstring name = DocumentTitle::ForModified(GetTitle().ToStdWstring(), false);
+    switch (g_pApp->Prompt().AskSaveChanges(name))
+    {
+    case SaveAnswer::Save:
+        return Save();
+    case SaveAnswer::Discard:
+        Modify(false);
+        return true;
+    case SaveAnswer::Cancel:
+        break;
+    }
+    return false;
+}
+
 bool CQOXRMConfigModuleDoc::OnCloseDocument()
 {
     if (IRuleView* const view = FirstRuleView())

@@ -31,6 +31,7 @@ public:
     bool OnNewDocument() override;
     bool OnOpenDocument(const wxString& path) override;
     bool OnSaveDocument(const wxString& path) override;
+    bool OnSaveModified() override;
     bool OnCloseDocument() override;
 
     /// Sets the modified state and the mark of it in the title.

@@ -18,6 +18,14 @@ enum class PasswordPurpose
     Save, ///< The file has one and is to be saved.
 };
 
+/// What is to become of changes that aren't saved.
+enum class SaveAnswer
+{
+    Save,
+    Discard,
+    Cancel, ///< What was about to happen doesn't.
+};
+
 /// The one way in which the program asks its user. Implemented once with windows; tests
 /// give the answers. Code below the windows gets it handed in.
 class IUserPrompt
@@ -30,6 +38,10 @@ public:
 
     /// Asks a question; true for Yes. Closing the box counts as No.
     virtual bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) = 0;
+
+    /// Asks whether the changes to a document are to be saved before it goes. Closing the
+    /// box counts as Cancel.
+    virtual SaveAnswer AskSaveChanges(const std::wstring& documentName) = 0;
 
     /// Has the user type a password, which fits into a rule file; nothing if the user
     /// gives none. An empty one is one too.

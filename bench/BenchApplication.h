@@ -41,6 +41,7 @@ private:
     {
         return false;
     }
+    SaveAnswer AskSaveChanges(const std::wstring& /*documentName*/) override { return SaveAnswer::Cancel; }
     std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     BenchFolder m_folder;

@@ -118,3 +118,44 @@ TEST_F(ConfigModuleDocTest, SavingClearsTheModificationAndFailingToSaveKeepsIt)
     EXPECT_TRUE(document.OnSaveDocument(folder.File(L"rules.vrf")));
     EXPECT_FALSE(document.IsModified());
 }
+
+TEST_F(ConfigModuleDocTest, AnUnmodifiedDocumentGoesWithoutAQuestion)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    EXPECT_TRUE(document.OnSaveModified());
+    EXPECT_TRUE(application.prompt.texts.empty());
+}
+
+TEST_F(ConfigModuleDocTest, TheQuestionAboutChangesNamesTheDocumentWithoutItsMark)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    document.SetDocumentTitle("rules.vrf");
+    document.Modify(true);
+    application.prompt.saveAnswer = SaveAnswer::Cancel;
+    EXPECT_FALSE(document.OnSaveModified());
+    EXPECT_TRUE(document.IsModified());
+    EXPECT_EQ(application.prompt.texts, std::vector<std::wstring>{ L"rules.vrf" });
+}
+
+TEST_F(ConfigModuleDocTest, ChangesThatAreNotWantedGoAndThoseThatAreGetSaved)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"rules.vrf");
+    CQOXRMConfigModuleDoc& document = New();
+    ASSERT_TRUE(document.OnSaveDocument(path));
+    const std::string before = ReadBytes(path);
+
+    document.Rules().SetReadOnly(false);
+    document.Modify(true);
+    application.prompt.saveAnswer = SaveAnswer::Discard;
+    EXPECT_TRUE(document.OnSaveModified());
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_EQ(ReadBytes(path), before);
+
+    document.Modify(true);
+    application.prompt.saveAnswer = SaveAnswer::Save;
+    ASSERT_TRUE(Platform::DeleteFileAt(path));
+    EXPECT_TRUE(document.OnSaveModified());
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_FALSE(ReadBytes(path).empty());
+}

@@ -15,6 +15,12 @@ bool RecordingPrompt::AskYesNo(BoxKind /*kind*/, const std::wstring& text, const
     return answer;
 }
 
+SaveAnswer RecordingPrompt::AskSaveChanges(const std::wstring& documentName)
+{
+    texts.push_back(documentName);
+    return saveAnswer;
+}
+
 std::optional<std::wstring> RecordingPrompt::AskPassword(PasswordPurpose purpose)
 {
     passwordPurposes.push_back(purpose);

@@ -17,10 +17,12 @@ class RecordingPrompt : public IUserPrompt
 public:
     void ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
+    SaveAnswer AskSaveChanges(const std::wstring& documentName) override;
     std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
 
     std::vector<std::wstring> texts;
     bool answer = false;
+    SaveAnswer saveAnswer = SaveAnswer::Cancel;
     std::optional<std::wstring> password;
     std::vector<PasswordPurpose> passwordPurposes;
 };
