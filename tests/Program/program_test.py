@@ -68,12 +68,23 @@ class ProgramTest(unittest.TestCase):
 
     # --- the program ---
 
-    def start(self, *arguments):
+    def start(self, *arguments, **environment):
         process = subprocess.Popen(
-            [PROGRAM, *arguments], env=self.environment, cwd=self.folder, stderr=subprocess.DEVNULL
+            [PROGRAM, *arguments],
+            env=self.environment | environment,
+            cwd=self.folder,
+            stderr=subprocess.DEVNULL,
         )
         self.processes.append(process)
         return process
+
+    def start_for_another_user(self, *arguments):
+        """A program that has nothing to do with the first one but the files on the disk."""
+        folders = {}
+        for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"):
+            folders[name] = os.path.join(self.folder, "another-user", name)
+            os.makedirs(folders[name], mode=0o700)
+        return self.start(*arguments, **folders)
 
     def end_all(self):
         for process in self.processes:
@@ -133,6 +144,20 @@ class ProgramTest(unittest.TestCase):
     def close(self, process):
         self.press("ctrl+q")
         self.assertEqual(self.wait_for_end(process), 0)
+
+    def activate(self, process):
+        """Brings the only window of a process to the front."""
+        window = self.wait_until(lambda: self.windows(process), "a window")[0]
+        xdotool("windowactivate", "--sync", window)
+
+    def save_as(self, process, path):
+        """With the document's window active: gives it a name in the file dialog."""
+        self.press("ctrl+shift+s")
+        self.focus("^Save As$")
+        self.press("ctrl+a")  # the extension isn't selected by itself
+        xdotool("type", "--clearmodifiers", path)
+        self.press("Return")
+        self.wait_for_title(process, f"^{os.path.basename(path)} - ")
 
     # --- files ---
 
@@ -350,6 +375,84 @@ class ProgramTest(unittest.TestCase):
         self.wait_until(lambda: not self.can_lock(path), "the lock of the program")
         self.close(process)
         self.assertTrue(self.can_lock(path))
+
+    def test_a_new_document_holds_the_file_that_it_was_saved_to_and_lets_go_at_the_end(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        path = os.path.join(self.folder, "held.vrf")
+        self.save_as(process, path)
+        self.wait_until(lambda: not self.can_lock(path), "the lock after the first save")
+        before = read_bytes(path)
+        self.press("space")
+        self.wait_for_title(process, r"^held.vrf\* - ")
+        self.press("ctrl+s")
+        self.wait_until(lambda: read_bytes(path) != before, "the second save")
+        self.wait_for_title(process, "^held.vrf - ")
+        self.assertFalse(self.can_lock(path))
+        self.close(process)
+        self.assertTrue(self.can_lock(path))
+
+    def test_a_save_that_is_refused_at_the_password_leaves_the_file_free_until_the_next(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("ctrl+l")
+        self.type_into_box("^Set Password$", "a")
+        self.focus(r"^milled-bracket.vrf\* - ")
+        self.press("ctrl+s")
+        self.wait_for_title(process, "^milled-bracket.vrf - ")
+        self.close(process)
+
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.assertFalse(self.can_lock(path))
+        self.press("End", "space")
+        self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
+        self.press("ctrl+s")
+        self.type_into_box("^Enter Password$", "", "Escape")
+        self.focus(r"^milled-bracket.vrf\* - ")
+        self.wait_until(lambda: self.can_lock(path), "the file without a lock")
+        self.press("ctrl+s")
+        self.type_into_box("^Enter Password$", "a")
+        self.wait_for_title(process, "^milled-bracket.vrf - ")
+        self.assertFalse(self.can_lock(path))
+        self.close(process)
+
+    def test_a_file_that_another_program_has_open_is_saved_under_another_name_and_that_one_held(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        first = self.start(path)
+        self.wait_for_title(first, "^milled-bracket.vrf - ")
+        before = read_bytes(path)
+        second = self.start_for_another_user(path)
+        self.focus("^Vantrel Rule Manager$")  # the question
+        self.press("alt+y")
+        self.wait_for_title(second, r"^milled-bracket.vrf \[Read-Only\] ")
+        self.activate(second)
+        self.press("End", "space")
+        self.wait_for_title(second, r"\[Read-Only\] \* - ")
+        other = os.path.join(self.folder, "other.vrf")
+        self.save_as(second, other)
+        self.assertFalse(self.can_lock(other))
+        self.assertFalse(self.can_lock(path))
+        self.assertEqual(read_bytes(path), before)
+        self.assertEqual(len(self.rule_names(other)), len(self.rule_names(path)) + 1)
+        self.close(second)
+        self.assertTrue(self.can_lock(other))
+        self.activate(first)
+        self.close(first)
+        self.assertTrue(self.can_lock(path))
+
+    def test_the_language_is_that_of_the_user_unless_the_registry_names_one(self):
+        process = self.start(LC_MESSAGES="fr_FR.UTF-8")
+        self.focus("^sans nom 1 - ")
+        self.close(process)
+        os.makedirs(os.path.join(self.folder, "home/config/vantrel"), exist_ok=True)
+        with open(os.path.join(self.folder, "home/config/vantrel/registry.reg"), "a", encoding="utf-8") as file:
+            file.write("\n[HKEY_CURRENT_USER\\SOFTWARE\\Orvane\\YBK_PRODUCT\\Vantrel\\Add-in]\n")
+            file.write('"OptionsLanguage"=dword:00000412\n')
+        process = self.start(LC_MESSAGES="fr_FR.UTF-8")
+        self.focus("^\uc774\ub984 \uc5c6\uc74c1 - ")
+        self.close(process)
 
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
         process = self.start()
