@@ -3,6 +3,7 @@
 #include "Document/RulesDigest.h"
 #include "Document/XmlOperation.h"
 #include "Modules/ApplicationGlobals.h"
+#include "Modules/ModuleGuard.h"
 #include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/QoxRule.h>
@@ -41,7 +42,8 @@ void AppendRules(QoxXMLListWriter& writer, const PointerArray& rules, const Elem
 {
     for (CQoxRule* const rule : rules)
     {
-        const std::unique_ptr<QoxXMLNode> element(rule->GetXML());
+        std::unique_ptr<QoxXMLNode> element;
+        GuardModuleCall(rule->m_strModulePath, [&] { element.reset(rule->GetXML()); });
         if (element == nullptr)
         {
             continue; // the rule failed; the others are still saved

@@ -1,7 +1,7 @@
 #include "Modules/RuleModule.h"
 
+#include "Modules/ModuleGuard.h"
 #include "Platform/Files.h"
-#include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/QoxRule.h>
 
@@ -21,21 +21,6 @@ bool HasExports(Platform::LibraryHandle library, std::span<const char* const> na
                        [library](const char* name) { return Platform::FindLibrarySymbol(library, name) != nullptr; });
 }
 
-/// Runs a call into a module. A module is someone else's code: what it throws ends the
-/// call and goes into the log, not through the program.
-template <typename Call>
-void Guard(const RuleModule& module, Call&& call)
-{
-    try
-    {
-        call();
-    }
-    catch (...)
-    {
-        LogMessage(L"Rule module %s failed", module.Path());
-    }
-}
-
 } // namespace
 
 std::wstring RuleModule::DisplayName() const
@@ -43,7 +28,7 @@ std::wstring RuleModule::DisplayName() const
     std::wstring name = Platform::FileNamePart(Path());
     if (const auto getName = Find<GetModuleNameFunction>("GetModuleName"))
     {
-        Guard(*this, [&] { getName(name); });
+        GuardModuleCall(Path(), [&] { getName(name); });
     }
     return name;
 }
@@ -53,7 +38,7 @@ std::wstring RuleModule::Summary() const
     std::wstring summary;
     if (const auto getSummary = Find<GetModuleSummaryFunction>("GetModuleSummary"))
     {
-        Guard(*this, [&] { getSummary(summary); });
+        GuardModuleCall(Path(), [&] { getSummary(summary); });
     }
     return summary;
 }
@@ -65,7 +50,7 @@ bool RuleModule::GetAllRules(PointerArray& rules) const
     {
         return false;
     }
-    Guard(*this, [&] { getAllRules(rules); });
+    GuardModuleCall(Path(), [&] { getAllRules(rules); });
     return true;
 }
 
@@ -79,7 +64,7 @@ CQoxRule* RuleModule::GetRule(GetRuleFunction getRule, QoxXMLNode* node) const
     CQoxRule* rule = nullptr;
     if (getRule != nullptr)
     {
-        Guard(*this, [&] { getRule(node, rule); });
+        GuardModuleCall(Path(), [&] { getRule(node, rule); });
     }
     return rule;
 }
@@ -88,7 +73,7 @@ void RuleModule::SetXMLDoc(QoxXMLDocument* document) const
 {
     if (const auto setDocument = Find<ModuleSetXMLDocFunction>("SetXMLDoc"))
     {
-        Guard(*this, [&] { setDocument(document); });
+        GuardModuleCall(Path(), [&] { setDocument(document); });
     }
 }
 
@@ -96,7 +81,7 @@ void RuleModule::SetDBModuleList(const std::list<std::wstring>& databaseModules)
 {
     if (const auto setList = Find<SetDBModuleListFunction>("SetDBModuleList"))
     {
-        Guard(*this, [&] { setList(&databaseModules); });
+        GuardModuleCall(Path(), [&] { setList(&databaseModules); });
     }
 }
 
@@ -107,7 +92,7 @@ bool RuleModule::DeleteRule(CQoxRule*& rule) const
     {
         return false;
     }
-    Guard(*this, [&] { deleteRule(&rule); });
+    GuardModuleCall(Path(), [&] { deleteRule(&rule); });
     rule = nullptr;
     return true;
 }

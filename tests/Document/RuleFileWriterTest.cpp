@@ -12,6 +12,7 @@
 
 #include <deque>
 #include <memory>
+#include <stdexcept>
 
 namespace
 {
@@ -49,6 +50,15 @@ public:
     using ConcreteQOXRule::operator=;
 
     QoxXMLNode* GetXML() override { return nullptr; }
+};
+
+/// A rule that throws out of that call.
+class ThrowingRule : public ConcreteQOXRule
+{
+public:
+    using ConcreteQOXRule::operator=;
+
+    QoxXMLNode* GetXML() override { throw std::runtime_error("broken"); }
 };
 
 constexpr const char* EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -92,6 +102,21 @@ TEST_F(RuleFileWriterTest, ARuleThatFailsIsLeftOutAndTheOthersAreWritten)
     const std::string bytes = ReadBytes(path);
     EXPECT_LT(bytes.find("First"), bytes.find("Last"));
     EXPECT_NE(bytes.find("Last"), std::string::npos);
+}
+
+TEST_F(RuleFileWriterTest, ARuleThatThrowsIsLeftOutAndItsModuleNamedInTheLog)
+{
+    ThrowingRule throwing;
+    throwing.m_strModulePath = L"broken.dll";
+    std::int32_t index = 0;
+    record.AddRule(&throwing, index);
+    Add(L"Last");
+    const std::wstring log = folder.File(L"run.log");
+    CVantrelLog::OpenLogFile(log);
+    EXPECT_TRUE(Write());
+    CVantrelLog::CloseLogFile();
+    EXPECT_NE(ReadBytes(path).find("Last"), std::string::npos);
+    EXPECT_NE(ReadBytes(log).find("Rule module broken.dll failed\n"), std::string::npos);
 }
 
 TEST_F(RuleFileWriterTest, FrameworkAndModulesAreToldOfTheDocumentBeforeTheRules)
