@@ -1,9 +1,9 @@
 #include "Application/MainFrame.h"
 
+#include "Application/AboutDlg.h"
 #include "Application/Commands.h"
 #include "Application/ForwardedFile.h"
 
-#include <wx/aboutdlg.h>
 #include <wx/menu.h>
 #include <wx/persist/toplevel.h>
 #include <wx/toolbar.h>
@@ -122,8 +122,5 @@ void CQOXRMMainFrame::OnDropFiles(wxDropFilesEvent& event)
 
 void CQOXRMMainFrame::OnAbout(wxCommandEvent& /*event*/)
 {
-    wxAboutDialogInfo info;
-    info.SetName(LoadText(TextId::ApplicationTitle));
-    info.SetDescription(LoadText(TextId::AboutText));
-    wxAboutBox(info, this);
+    CAboutDlg(this).ShowModal();
 }

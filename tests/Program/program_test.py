@@ -454,6 +454,16 @@ class ProgramTest(unittest.TestCase):
         self.focus("^\uc774\ub984 \uc5c6\uc74c1 - ")
         self.close(process)
 
+    def test_the_box_about_the_program_opens_from_the_menu_and_closes_by_escape(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.press("alt+h", "Up", "Return")
+        self.focus("^About Vantrel Rule Manager$")
+        self.press("Escape")
+        self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the box")
+        self.focus("^unnamed1 - ")
+        self.close(process)
+
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
         process = self.start()
         self.focus("^unnamed1 - ")

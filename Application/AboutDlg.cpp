@@ -1,0 +1,56 @@
+#include "Application/AboutDlg.h"
+
+#include "Utilities/DialogButtons.h"
+#include "Utilities/Texts.h"
+
+#include <wx/artprov.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+
+namespace
+{
+
+// The version of the rule files and modules that the program goes with. They stay as they
+// are: support staff tell generations of the rules apart by them.
+constexpr const wchar_t* VersionText = L"v4.0";
+constexpr const wchar_t* BuildText = L"4.0.0.3175";
+constexpr const wchar_t* DateText = L"Mar 23 2016";
+
+constexpr int Margin = 16;
+constexpr int Gap = 10;
+constexpr int TextWidth = 320;
+constexpr int IconSize = 48;
+
+} // namespace
+
+CAboutDlg::CAboutDlg(wxWindow* parent)
+    : wxDialog(parent, wxID_ANY, FormatText(TextId::AboutTitle, { LoadText(TextId::ApplicationTitle) }))
+{
+    auto* const name = new wxStaticText(
+        this, wxID_ANY, LoadText(TextId::ApplicationTitle) + L" " + VersionText); // owned by the dialog, as all below
+    name->SetFont(name->GetFont().Bold().Larger());
+    auto* const build = new wxStaticText(this, wxID_ANY, FormatText(TextId::AboutBuild, { BuildText, DateText }));
+    auto* const description = new wxStaticText(this, wxID_ANY, LoadText(TextId::AboutText));
+    description->Wrap(FromDIP(TextWidth));
+
+    auto* const lines = new wxBoxSizer(wxVERTICAL);
+    lines->Add(name, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));
+    lines->Add(build, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));
+    lines->Add(description);
+
+    const wxBitmapBundle icon =
+        wxArtProvider::GetBitmapBundle(wxART_INFORMATION, wxART_MESSAGE_BOX, FromDIP(wxSize(IconSize, IconSize)));
+    auto* const columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(new wxStaticBitmap(this, wxID_ANY, icon), wxSizerFlags().Border(wxRIGHT, FromDIP(Margin)));
+    columns->Add(lines, wxSizerFlags(1));
+
+    auto* const rows = new wxBoxSizer(wxVERTICAL);
+    rows->Add(columns, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
+    rows->Add(CreateStdDialogButtonSizer(wxOK),
+              wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Gap)));
+    LabelStandardButtons(*this);
+    SetEscapeId(wxID_OK);
+    SetSizerAndFit(rows);
+    CentreOnParent();
+}
