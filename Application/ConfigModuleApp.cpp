@@ -18,6 +18,7 @@
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/DataHelper.h>
 #include <Vantrel/FrameworkFunctions.h>
+#include <Vantrel/ModuleTexts.h>
 #include <Vantrel/VantrelLog.h>
 
 #include <wx/config.h>
@@ -70,6 +71,7 @@ CQOXRMConfigModuleApp::CQOXRMConfigModuleApp()
 
 CQOXRMConfigModuleApp::~CQOXRMConfigModuleApp()
 {
+    SetModuleTextSource(nullptr);
     UseTextLibrary(nullptr);
 }
 

@@ -6,6 +6,8 @@
 #include "Platform/Text.h"
 #include "Utilities/Texts.h"
 
+#include <Vantrel/ModuleTexts.h>
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -74,6 +76,13 @@ std::wstring CutAtLastSeparator(const std::wstring& path)
 std::wstring Joined(const std::wstring& folder, const std::wstring& name)
 {
     return folder + Platform::PathSeparator + name;
+}
+
+/// Where rule modules get their texts from.
+bool ModuleTextOfTheProgram(std::uint32_t number, std::wstring& text)
+{
+    text = LoadText(number);
+    return !text.empty();
 }
 
 std::wstring LanguageFolderPath(const std::wstring& root, const std::wstring& folder)
@@ -155,6 +164,7 @@ void InitResourceLibrary(LanguageResources& resources, const std::wstring& progr
         useFolder();
     }
     UseTextLibrary(resources.library.IsLoaded() ? &resources.library : nullptr);
+    SetModuleTextSource(&ModuleTextOfTheProgram);
 
     // The times in rule files go by what this holds from here on.
     resources.strLanguage.clear();

@@ -4,6 +4,7 @@
     make_texts.py ids <texts folder> <header>      the enum of all numbers
     make_texts.py table <texts folder> <source>    one language as a table in C++
     make_texts.py rc <texts folder> <script>       one language as a string table for a resource compiler
+    make_texts.py rules <texts file> <header>      the texts of rules, for the tables of rule modules
 
 A texts folder holds `*.texts`, one file for each part of the program. A line of one is
 
@@ -12,6 +13,10 @@ A texts folder holds `*.texts`, one file for each part of the program. A line of
 or empty, or starts with `#`. In a text `\\n` and `\\t` stand for a line end and a tab, `\\s` for a
 blank at its start or end, and `\\\\` for a backslash. A number or name may stand only once in a
 folder. What has not changed is not written again.
+
+The texts of rules stand in `rules-*.texts`. The program shows them by number alone, so the enum
+leaves them out. Where names differ in nothing but the ends Name, Summary and Detail, or Label and
+Help, their header has the set of them too, under what they have in common.
 """
 
 import os
@@ -21,6 +26,8 @@ import sys
 LINE = re.compile(r"(\d+) ([A-Z][A-Za-z0-9]*) =(?: (.*))?")
 ESCAPES = {"n": "\n", "t": "\t", "s": " ", "\\": "\\"}
 LARGEST_NUMBER = 0xFFFF  # Resource compilers have 16 bits for it.
+RULE_FILE = re.compile(r"rules-[a-z-]+\.texts")
+RULE_SETS = (("RuleTextSet", ("Name", "Summary", "Detail")), ("ParamTextSet", ("Label", "Help")))
 
 
 class Failure(Exception):
@@ -35,28 +42,34 @@ def unescaped(text, where):
     return re.sub(r"\\(.?)", replacement, text)
 
 
-def read_texts(folder):
+def read_lines(path):
+    """(where, number, name, text) of each text in a file."""
+    with open(path, encoding="utf-8") as stream:
+        lines = stream.read().split("\n")
+    for index, line in enumerate(lines, 1):
+        where = f"{path}:{index}"
+        if not line.strip() or line.startswith("#"):
+            continue
+        match = LINE.fullmatch(line)
+        if match is None or line != line.rstrip():
+            raise Failure(f"{where}: not of the form <number> <Name> = <text>")
+        number, name = int(match.group(1)), match.group(2)
+        if not 0 < number <= LARGEST_NUMBER:
+            raise Failure(f"{where}: the number {number} is out of range")
+        yield where, number, name, unescaped(match.group(3) or "", where)
+
+
+def read_texts(folder, with_rules=True):
     """(number, name, text) of a language, in the order of the numbers."""
     texts = {}
     names = {}
     for file in sorted(os.listdir(folder)):
-        if not file.endswith(".texts"):
+        if not file.endswith(".texts") or (RULE_FILE.fullmatch(file) and not with_rules):
             continue
-        with open(os.path.join(folder, file), encoding="utf-8") as stream:
-            lines = stream.read().split("\n")
-        for index, line in enumerate(lines, 1):
-            where = f"{os.path.join(folder, file)}:{index}"
-            if not line.strip() or line.startswith("#"):
-                continue
-            match = LINE.fullmatch(line)
-            if match is None or line != line.rstrip():
-                raise Failure(f"{where}: not of the form <number> <Name> = <text>")
-            number, name = int(match.group(1)), match.group(2)
-            if not 0 < number <= LARGEST_NUMBER:
-                raise Failure(f"{where}: the number {number} is out of range")
+        for where, number, name, text in read_lines(os.path.join(folder, file)):
             if number in texts or name in names:
                 raise Failure(f"{where}: {number} {name} stands there already, at {names.get(name, texts.get(number))}")
-            texts[number] = (number, name, unescaped(match.group(3) or "", where))
+            texts[number] = (number, name, text)
             names[name] = where
     if not texts:
         raise Failure(f"{folder}: holds no texts")
@@ -101,7 +114,32 @@ def resource_script(texts):
     return "\n".join(lines + ["END", ""])
 
 
-KINDS = {"ids": ids, "table": table, "rc": resource_script}
+def rule_sets(names):
+    """(type, what they have in common, names) of the sets that are whole."""
+    for kind, ends in RULE_SETS:
+        for name in sorted(names):
+            stem = name.removesuffix(ends[0])
+            members = [stem + end for end in ends]
+            if stem != name and all(member in names for member in members):
+                yield kind, stem, members
+
+
+def rule_header(texts):
+    lines = ["#pragma once", "", '#include "RuleModules/Kit/RuleText.h"', "", "namespace RuleTexts", "{", ""]
+    lines += [f"inline constexpr RuleText {name} = {{ {number}, {cpp_literal(text)} }};"
+              for number, name, text in texts]
+    lines.append("")
+    lines += [f"inline constexpr {kind} {stem} = {{ {', '.join(members)} }};"
+              for kind, stem, members in rule_sets({name for _, name, _ in texts})]
+    return "\n".join(lines + ["", "} // namespace RuleTexts", ""])
+
+
+KINDS = {
+    "ids": lambda folder: ids(read_texts(folder, with_rules=False)),
+    "table": lambda folder: table(read_texts(folder)),
+    "rc": lambda folder: resource_script(read_texts(folder)),
+    "rules": lambda path: rule_header([entry[1:] for entry in read_lines(path)]),
+}
 
 
 def write_if_changed(path, content):
@@ -120,9 +158,9 @@ def main(arguments):
     if len(arguments) != 3 or arguments[0] not in KINDS:
         print(__doc__.strip(), file=sys.stderr)
         return 2
-    kind, folder, path = arguments
+    kind, source, path = arguments
     try:
-        write_if_changed(path, KINDS[kind](read_texts(folder)))
+        write_if_changed(path, KINDS[kind](source))
     except (Failure, OSError, UnicodeDecodeError) as failure:
         print(f"make_texts.py: {failure}", file=sys.stderr)
         return 1

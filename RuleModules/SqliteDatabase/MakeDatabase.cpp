@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <string>
 
 namespace
@@ -18,14 +19,27 @@ int Fail(const char* what, const char* detail)
     return 1;
 }
 
-int MakeDatabase(const char* scriptPath, const std::string& path)
+/// Runs a script; false with a message if it can't be read or holds a mistake.
+bool RunScript(sqlite3& database, const char* path)
 {
-    std::ifstream file(scriptPath, std::ios::binary);
+    std::ifstream file(path, std::ios::binary);
     const std::string script((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     if (!file || script.empty())
     {
-        return Fail(scriptPath, "can't be read");
+        Fail(path, "can't be read");
+        return false;
     }
+    const std::string transaction = "BEGIN;" + script + "\nCOMMIT;";
+    if (sqlite3_exec(&database, transaction.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    {
+        Fail(path, sqlite3_errmsg(&database));
+        return false;
+    }
+    return true;
+}
+
+int MakeDatabase(const std::string& path, std::span<char* const> scripts)
+{
     // Made beside its place, so that an error leaves nothing that looks finished.
     const std::string unfinished = path + ".new";
     std::filesystem::remove(unfinished);
@@ -35,10 +49,12 @@ int MakeDatabase(const char* scriptPath, const std::string& path)
         {
             return Fail(unfinished.c_str(), "can't be made");
         }
-        const std::string transaction = "BEGIN;" + script + "\nCOMMIT;";
-        if (sqlite3_exec(database.get(), transaction.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        for (const char* const script : scripts)
         {
-            return Fail(scriptPath, sqlite3_errmsg(database.get()));
+            if (!RunScript(*database, script))
+            {
+                return 1;
+            }
         }
     }
     std::filesystem::rename(unfinished, path);
@@ -49,16 +65,16 @@ int MakeDatabase(const char* scriptPath, const std::string& path)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3)
+    if (argc < 3)
     {
-        return Fail("usage", "MakeDatabase <script> <file>");
+        return Fail("usage", "MakeDatabase <file> <script> ...");
     }
     try
     {
-        return MakeDatabase(argv[1], argv[2]);
+        return MakeDatabase(argv[1], std::span<char* const>(argv + 2, argv + argc));
     }
     catch (const std::exception& error)
     {
-        return Fail(argv[2], error.what());
+        return Fail(argv[1], error.what());
     }
 }

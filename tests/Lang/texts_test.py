@@ -71,7 +71,15 @@ class TextsTest(unittest.TestCase):
                     if file.endswith((".cpp", ".h")):
                         with open(os.path.join(folder, file), encoding="utf-8") as stream:
                             used.update(re.findall(r"\w+", stream.read()))
-        self.assertEqual([name for _, name, _ in texts_of("english") if name not in used], [])
+        # Rules use a set of texts by what their names have in common. Common texts of rules are there for
+        # modules to choose from.
+        common = os.path.join(ROOT, "Lang", "english", "rules-common.texts")
+        used.update(name for _, _, name, _ in make_texts.read_lines(common))
+        names = [name for _, name, _ in texts_of("english")]
+        for _, stem, members in make_texts.rule_sets(set(names)):
+            if stem in used:
+                used.update(members)
+        self.assertEqual([name for name in names if name not in used], [])
 
     def test_texts_are_translated(self):
         """A text of several words that is the English one was forgotten, but for names and fixed words."""
@@ -105,6 +113,22 @@ class SourceTest(unittest.TestCase):
         literal = make_texts.cpp_literal('a"b\\c\né\U0001F600')
         self.assertEqual(literal, 'L"a\\"b\\\\c\\n\\u00E9\\U0001F600"')
         self.assertTrue(set(literal) <= set(string.printable))
+
+    def test_the_texts_of_rules_are_no_numbers_of_the_program(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, content in (("a", "1 A = x\n"), ("rules-b", "2 B = y\n")):
+                with open(os.path.join(folder, name + ".texts"), "w", encoding="utf-8") as file:
+                    file.write(content)
+            self.assertNotIn("B = 2", make_texts.KINDS["ids"](folder))
+            self.assertIn('{ 2, L"y" }', make_texts.KINDS["table"](folder))
+
+    def test_the_header_of_rules_has_the_sets_that_are_whole(self):
+        header = make_texts.rule_header([(1, "AName", "a"), (2, "ASummary", "b"), (3, "ADetail", "c"),
+                                         (4, "ABLabel", "d"), (5, "ABHelp", "e"), (6, "CHelp", "f")])
+        self.assertIn("inline constexpr RuleTextSet A = { AName, ASummary, ADetail };", header)
+        self.assertIn("inline constexpr ParamTextSet AB = { ABLabel, ABHelp };", header)
+        self.assertIn('inline constexpr RuleText CHelp = { 6, L"f" };', header)
+        self.assertNotIn(" C =", header)
 
     def test_a_string_table_doubles_quotes(self):
         self.assertIn('    7 L"a""b\\\\n\\n"', make_texts.resource_script([(7, "A", 'a"b\\n\n')]))

@@ -21,7 +21,7 @@ std::list<std::wstring> MetalsOfTheDatabase()
     std::list<std::wstring> names;
     if (IRuleDatabase* const database = OpenRuleDatabase({ StagedLibrary(L"QoxSqliteDatabaseu.dll") }))
     {
-        database->GetMaterialNames(L"metal", names);
+        database->GetNames(L"materials", L"metal", names);
         CloseRuleDatabase(database);
     }
     return names;

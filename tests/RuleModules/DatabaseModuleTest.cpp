@@ -6,6 +6,7 @@
 
 #include <Vantrel/QoxRule.h>
 #include <Vantrel/RuleDatabase.h>
+#include <Vantrel/VantrelLog.h>
 
 #include <algorithm>
 #include <cwctype>
@@ -61,54 +62,6 @@ TEST(DatabaseModule, IsFoundByItsLowerCasedPath)
     EXPECT_NE(OpenDatabase(OpenRuleDatabase({ path })), nullptr);
 }
 
-TEST(DatabaseModule, ShippedDatabaseHasMaterialsOfEachGroup)
-{
-    const OpenDatabase database(OpenRuleDatabase({ StagedDatabase() }));
-    ASSERT_NE(database, nullptr);
-    std::size_t sum = 0;
-    for (const wchar_t* const group : { L"metal", L"sheet", L"plastic" })
-    {
-        std::list<std::wstring> names;
-        database->GetMaterialNames(group, names);
-        EXPECT_GE(names.size(), 10U);
-        sum += names.size();
-        for (const std::wstring& name : names)
-        {
-            double density = 0;
-            EXPECT_TRUE(database->GetMaterialProperty(name, L"density", density));
-            EXPECT_TRUE(density > 0.5 && density < 20) << density;
-        }
-    }
-    std::list<std::wstring> all;
-    database->GetMaterialNames(L"", all);
-    EXPECT_EQ(all.size(), sum);
-    EXPECT_GE(sum, 40U);
-}
-
-TEST(DatabaseModule, ShippedDatabaseHasThePropertiesOfEachProcess)
-{
-    const OpenDatabase database(OpenRuleDatabase({ StagedDatabase() }));
-    ASSERT_NE(database, nullptr);
-    const auto expectProperties = [&database](const wchar_t* group, std::initializer_list<const wchar_t*> properties)
-    {
-        std::list<std::wstring> names;
-        database->GetMaterialNames(group, names);
-        for (const std::wstring& name : names)
-        {
-            for (const wchar_t* const property : properties)
-            {
-                double value = 0;
-                EXPECT_TRUE(database->GetMaterialProperty(name, property, value))
-                    << testing::PrintToString(name) << ' ' << testing::PrintToString(std::wstring(property));
-                EXPECT_GT(value, 0);
-            }
-        }
-    };
-    expectProperties(L"metal", { L"tensile_strength", L"wall_thickness_min" });
-    expectProperties(L"sheet", { L"tensile_strength", L"min_bend_radius_factor", L"k_factor" });
-    expectProperties(L"plastic", { L"wall_thickness_min", L"wall_thickness_max", L"shrinkage_min", L"shrinkage_max" });
-}
-
 /// The module copied to a folder of its own, where it finds another file beside it.
 class DatabaseModuleInItsFolder : public testing::Test
 {
@@ -138,22 +91,44 @@ TEST_F(DatabaseModuleInItsFolder, WithoutAFileThereIsNoDatabase)
     EXPECT_EQ(OpenRuleDatabase({ m_module }), nullptr);
 }
 
-TEST_F(DatabaseModuleInItsFolder, CorruptFileLeavesTheBuiltInMaterials)
+TEST_F(DatabaseModuleInItsFolder, DamagedFileLeavesTheBuiltInChoicesAndOneLineInTheLog)
 {
     WriteBytes(m_folder.File(L"VantrelRules.sqlite"), std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
-    ASSERT_TRUE(LoadedModule(m_module).IsLoaded());
-    EXPECT_EQ(OpenRuleDatabase({ m_module }), nullptr);
+    const LoadedModule kept(m_module); // as the program keeps it
+    ASSERT_TRUE(kept.IsLoaded());
 
+    CVantrelLog::OpenLogFile(m_folder.File(L"log.txt"));
+    EXPECT_EQ(OpenRuleDatabase({ m_module }), nullptr);
     const LoadedModule rules(StagedLibrary(L"QOXIMRulesu.dll"));
     ASSERT_TRUE(rules.IsLoaded());
     const std::list<std::wstring> databases = { m_module };
     rules.Export<SetDBModuleListFunction>("SetDBModuleList")(&databases);
     const OfferedRules offered(rules);
+    CVantrelLog::CloseLogFile();
+
     ASSERT_GE(offered.rules.GetSize(), 1);
     const CQoxParamStorage* const material = offered.rules[0]->FindParameterInArray(3);
     ASSERT_NE(material, nullptr);
     EXPECT_EQ(material->choices.size(), 6U);
     EXPECT_EQ(material->strValue, L"ABS");
+    const std::string log = ReadBytes(m_folder.File(L"log.txt"));
+    const std::size_t line = log.find("VantrelRules.sqlite\" is damaged, or it is no database.");
+    EXPECT_NE(line, std::string::npos) << log;
+    EXPECT_EQ(log.find("VantrelRules.sqlite", line + 1), std::string::npos) << log;
+}
+
+TEST_F(DatabaseModuleInItsFolder, FileThatWasRepairedIsReadAgain)
+{
+    const LoadedModule kept(m_module);
+    ASSERT_TRUE(kept.IsLoaded());
+    WriteBytes(m_folder.File(L"VantrelRules.sqlite"), "not a database");
+    EXPECT_EQ(OpenRuleDatabase({ m_module }), nullptr);
+    std::filesystem::copy_file(std::filesystem::path(VANTREL_STAGE_DIR) / "bin" / "VantrelRules.sqlite",
+                               std::filesystem::path(m_folder.Path()) / "VantrelRules.sqlite",
+                               std::filesystem::copy_options::overwrite_existing);
+    EXPECT_NE(OpenDatabase(OpenRuleDatabase({ m_module })), nullptr);
+    std::filesystem::remove(std::filesystem::path(m_folder.Path()) / "VantrelRules.sqlite");
+    EXPECT_EQ(OpenRuleDatabase({ m_module }), nullptr);
 }
 
 } // namespace

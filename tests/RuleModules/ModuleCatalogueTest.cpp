@@ -1,4 +1,4 @@
-#include "RuleModules/Common/ModuleCatalogue.h"
+#include "RuleModules/Kit/ModuleCatalogue.h"
 
 #include "Platform/Files.h"
 #include "Platform/Text.h"
@@ -8,7 +8,9 @@
 #include "tests/Support/TestFiles.h"
 
 #include <Vantrel/FrameworkFunctions.h>
+#include <Vantrel/ModuleTexts.h>
 #include <Vantrel/QoxXml.h>
+#include <Vantrel/RuleEditor.h>
 
 #include <array>
 #include <gmock/gmock.h>
@@ -23,21 +25,58 @@ using namespace std::string_view_literals;
 using testing::ElementsAre;
 
 constexpr std::array Materials = { L"Wood"sv, L"Wool"sv };
-constexpr std::array Categories = { L"First"sv, L"Second"sv };
+constexpr ChoiceSource MaterialSource = { L"materials", L"metal", Materials };
+
+constexpr std::uint32_t Text = 62000;
+constexpr RuleText First = { Text, L"First" };
+constexpr RuleText Second = { Text + 1, L"Second" };
+constexpr std::array Categories = { First, Second };
+
+constexpr ParamTextSet WidthTexts = { { Text + 2, L"Width" }, { Text + 3, L"A width." } };
+constexpr ParamTextSet SlopeTexts = { { Text + 4, L"Slope" }, { Text + 5, L"A slope." } };
+constexpr ParamTextSet RatioTexts = { { Text + 6, L"Ratio" }, { Text + 7, L"A ratio." } };
+constexpr ParamTextSet MaterialTexts = { { Text + 8, L"Material" }, { Text + 9, L"A material." } };
+constexpr ParamTextSet WeightTexts = { { Text + 10, L"Weight" }, { Text + 11, L"A weight." } };
 
 constexpr std::array Parameters = {
-    LengthParam(1, L"Width", L"Width", { 25.4, 2.54, 254 }, L"A width."),
-    AngleParam(2, L"Slope", L"Slope", { 90, 0, 180 }, L"A slope."),
-    NumberParam(3, L"Ratio", L"Ratio", { 4, 0, CQoxParamStorage::NoMaximum }, L"A ratio."),
-    MaterialParam(4, L"Material", L"Material", L"Wool", L"A material."),
+    LengthParam(1, L"Width", WidthTexts, { 25.4, 2.54, 254 }),
+    AngleParam(2, L"Slope", SlopeTexts, { 90, 0, 180 }),
+    NumberParam(3, L"Ratio", RatioTexts, { 4, 0, CQoxParamStorage::NoMaximum }),
+    ChoiceParam(4, L"Material", MaterialTexts, MaterialSource, L"Wool"),
+    DefaultByChoice(LengthParam(5, L"Weight", WeightTexts, { 254, 2.54, 508 }), 4, L"density", 101.6),
 };
+
+constexpr RuleTextSet WidthsTexts = { { Text + 12, L"Widths" }, { Text + 13, L"Short." }, { Text + 14, L"Longer." } };
 
 constexpr std::array Rules = {
-    RuleDefinition{ L"TestWidths", L"Widths", L"First", L"Short.", L"Longer.", 4, L"test_widths.htm", Parameters },
+    RuleDefinition{ L"TestWidths", WidthsTexts, First, 4, L"test_widths.htm", Parameters },
 };
 
-constexpr ModuleDefinition Module = { L"Test Rules", L"For tests.", L"TestRulesu.dll", L"metal", Materials,
-                                      Categories,    Rules };
+constexpr ModuleDefinition Module = {
+    L"Test Rules", { Text + 15, L"For tests." }, L"TestRulesu.dll", Categories, Rules
+};
+
+/// Another language: each text is its number.
+bool NumbersForTexts(std::uint32_t number, std::wstring& text)
+{
+    text = L"#" + std::to_wstring(number);
+    return true;
+}
+
+bool NoTexts(std::uint32_t /*number*/, std::wstring& /*text*/)
+{
+    return false;
+}
+
+/// A language in use for as long as it lives.
+class TextSource
+{
+public:
+    explicit TextSource(ModuleTextSource source) { SetModuleTextSource(source); }
+    ~TextSource() { SetModuleTextSource(nullptr); }
+    TextSource(const TextSource&) = delete;
+    TextSource& operator=(const TextSource&) = delete;
+};
 
 std::wstring TestModuleLibrary(const std::wstring& name)
 {
@@ -84,8 +123,8 @@ TEST_F(ModuleCatalogueTest, BareElementGivesTheRuleAsDefined)
     EXPECT_EQ(rule->m_nCriticality, 4);
     EXPECT_EQ(rule->m_strHelpFile, L"test_widths.htm");
     EXPECT_THAT(rule->m_categoryList, ElementsAre(L"First", L"Second"));
-    ASSERT_EQ(rule->Parameters().size(), 4U);
-    for (std::size_t index = 0; index < 4; ++index)
+    ASSERT_EQ(rule->Parameters().size(), 5U);
+    for (std::size_t index = 0; index < 5; ++index)
     {
         const CQoxParamStorage& read = rule->Parameters()[index];
         const CQoxParamStorage& defined = asDefined->Parameters()[index];
@@ -142,28 +181,85 @@ TEST_F(ModuleCatalogueTest, UnreadableNumbersAndUnitsFallBackToTheDefinition)
     EXPECT_EQ(rule->FindParameterInArray(2)->dValue, 90);
 }
 
-TEST_F(ModuleCatalogueTest, FileGoesBeforeTheDefinition)
+TEST_F(ModuleCatalogueTest, WhatUsersChooseIsTheFiles)
 {
     const std::unique_ptr<CQoxRule> rule = ReadFile(
-        MetricRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" DisplayName=\"Mine\" Summary=\"My own\" "
-                    "Criticality=\"1\" Category=\"Second\"><Category Value=\"Third\"/>"
-                    "<Parameter Number=\"1\" Kind=\"length\" Label=\"My width\" Value=\"3\" Minimum=\"1\"/></Rule>");
+        MetricRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" Criticality=\"1\" HelpFile=\"own.htm\">"
+                    "<Parameter Number=\"1\" Kind=\"length\" Value=\"3\" Minimum=\"1\" Default=\"2\"/></Rule>");
     ASSERT_NE(rule, nullptr);
-    EXPECT_EQ(rule->m_strDisplayName, L"Mine");
-    EXPECT_EQ(rule->m_strSummary, L"My own");
     EXPECT_EQ(rule->m_nCriticality, 1);
-    EXPECT_EQ(rule->m_strCategory, L"Second");
-    EXPECT_THAT(rule->m_categoryList, ElementsAre(L"Third"));
-    EXPECT_EQ(rule->FindParameterInArray(1)->strLabel, L"My width");
+    EXPECT_EQ(rule->m_strHelpFile, L"own.htm");
+    EXPECT_EQ(rule->FindParameterInArray(1)->dValue, 3);
     EXPECT_EQ(rule->FindParameterInArray(1)->dMinimum, 1);
+    EXPECT_EQ(rule->FindParameterInArray(1)->dDefault, 2);
 }
 
-TEST_F(ModuleCatalogueTest, SecondSummaryIsTodaysSoThatTheRuleIsMatchedWithTheOfferedOne)
+TEST_F(ModuleCatalogueTest, TextsAreTheModulesWhateverTheFileSays)
 {
-    const std::unique_ptr<CQoxRule> rule =
-        ReadFile(MetricRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" Summary2=\"Of last year\"/>");
+    const std::unique_ptr<CQoxRule> rule = ReadFile(
+        MetricRoot,
+        "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\" DisplayName=\"Largeurs\" Summary=\"Court\" "
+        "Summary2=\"Plus long\" Category=\"Premier\"><Category Value=\"Premier\"/>"
+        "<Parameter Number=\"1\" Kind=\"length\" Label=\"Largeur\" Help=\"Une largeur.\" Value=\"3\"/></Rule>");
     ASSERT_NE(rule, nullptr);
-    EXPECT_EQ(rule->m_strSummary2, L"Longer.");
+    EXPECT_EQ(rule->m_strDisplayName, L"Widths");
+    EXPECT_EQ(rule->m_strSummary, L"Short.");
+    EXPECT_EQ(rule->m_strSummary2, L"Longer.") << "rules of files are matched with those on offer by it";
+    EXPECT_EQ(rule->m_strCategory, L"First");
+    EXPECT_THAT(rule->m_categoryList, ElementsAre(L"First", L"Second"));
+    EXPECT_EQ(rule->FindParameterInArray(1)->strLabel, L"Width");
+    EXPECT_EQ(rule->FindParameterInArray(1)->strHelp, L"A width.");
+}
+
+TEST_F(ModuleCatalogueTest, TextsAreThoseOfTheLanguageInUse)
+{
+    const TextSource language(NumbersForTexts);
+    EXPECT_EQ(m_catalogue.Summary(), L"#62015");
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    ASSERT_NE(rule, nullptr);
+    EXPECT_EQ(rule->m_strDisplayName, L"#62012");
+    EXPECT_EQ(rule->m_strSummary, L"#62013");
+    EXPECT_EQ(rule->m_strSummary2, L"#62014");
+    EXPECT_EQ(rule->m_strCategory, L"#62000");
+    EXPECT_THAT(rule->m_categoryList, ElementsAre(L"#62000", L"#62001"));
+    EXPECT_EQ(rule->FindParameterInArray(4)->strLabel, L"#62008");
+    EXPECT_EQ(rule->FindParameterInArray(4)->strHelp, L"#62009");
+}
+
+TEST_F(ModuleCatalogueTest, NamesInFilesAreTheSameInEveryLanguage)
+{
+    const TextSource language(NumbersForTexts);
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    ASSERT_NE(rule, nullptr);
+    EXPECT_EQ(rule->m_strRuleModule, L"Test Rules");
+    EXPECT_EQ(rule->m_strRuleName, L"TestWidths");
+    EXPECT_EQ(rule->FindParameterInArray(4)->strName, L"Material");
+    EXPECT_THAT(rule->FindParameterInArray(4)->choices, ElementsAre(L"Wood", L"Wool"));
+}
+
+TEST_F(ModuleCatalogueTest, TextsFollowAChangeOfTheLanguage)
+{
+    EXPECT_EQ(ReadFile(MetricRoot, BareRule)->m_strDisplayName, L"Widths");
+    {
+        const TextSource language(NumbersForTexts);
+        EXPECT_EQ(ReadFile(MetricRoot, BareRule)->m_strDisplayName, L"#62012");
+    }
+    EXPECT_EQ(ReadFile(MetricRoot, BareRule)->m_strDisplayName, L"Widths");
+}
+
+TEST_F(ModuleCatalogueTest, RulesThatWereMadeBeforeAChangeOfTheLanguageStayWhole)
+{
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    const TextSource language(NumbersForTexts);
+    ASSERT_NE(ReadFile(MetricRoot, BareRule), nullptr);
+    rule->InitializeParamStorage();
+    EXPECT_EQ(rule->FindParameterInArray(1)->strLabel, L"Width");
+}
+
+TEST_F(ModuleCatalogueTest, TextThatALanguageLacksIsTheModulesOwn)
+{
+    const TextSource language(NoTexts);
+    EXPECT_EQ(ReadFile(MetricRoot, BareRule)->m_strDisplayName, L"Widths");
 }
 
 TEST_F(ModuleCatalogueTest, ParameterThatTheDefinitionDoesNotKnowIsKept)
@@ -241,6 +337,86 @@ TEST_F(ModuleCatalogueTest, FirstDatabaseModuleThatWorksIsUsed)
     m_catalogue.SetDatabaseModules(&databases);
     EXPECT_THAT(ReadFile(MetricRoot, BareRule)->FindParameterInArray(4)->choices,
                 ElementsAre(L"First test metal", L"Second test metal"));
+}
+
+class DefaultsByChoiceTest : public ModuleCatalogueTest
+{
+protected:
+    void SetUp() override
+    {
+        const std::list<std::wstring> databases = { TestModuleLibrary(L"TestDatabaseComplete.dll") };
+        m_catalogue.SetDatabaseModules(&databases);
+    }
+    void TearDown() override { SetRuleEditor(nullptr); }
+
+    static void ChooseTheSecond(CQoxRule& rule) { rule.FindParameterInArray(4)->strValue = L"Second test metal"; }
+};
+
+TEST_F(DefaultsByChoiceTest, NewRuleHasTheDefaultOfItsFirstChoice)
+{
+    PointerArray rules;
+    m_catalogue.GetAllRules(rules);
+    EXPECT_DOUBLE_EQ(rules[0]->FindParameterInArray(5)->dDefault, 254);
+    EXPECT_DOUBLE_EQ(rules[0]->FindParameterInArray(5)->dValue, 254);
+    ModuleCatalogue::DeleteRule(&rules[0]);
+}
+
+TEST_F(DefaultsByChoiceTest, DefaultThatAFileLacksIsThatOfItsChoice)
+{
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile(InchRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
+                           "<Parameter Number=\"4\" Kind=\"choice\" Value=\"Second test metal\"/></Rule>");
+    ASSERT_NE(rule, nullptr);
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dDefault, 20) << "508 mm: the range ends there";
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dValue, 20);
+}
+
+TEST_F(DefaultsByChoiceTest, ChoiceThatTheDatabaseDoesNotKnowLeavesTheDefaultOfTheTable)
+{
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile(MetricRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
+                             "<Parameter Number=\"4\" Kind=\"choice\" Value=\"Clay\"/></Rule>");
+    EXPECT_EQ(rule->FindParameterInArray(5)->dValue, 254);
+}
+
+TEST_F(DefaultsByChoiceTest, ValueThatIsTheDefaultFollowsTheChoiceInTheEditor)
+{
+    SetRuleEditor(ChooseTheSecond);
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    rule->EditRule();
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dDefault, 508);
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dValue, 508);
+}
+
+TEST_F(DefaultsByChoiceTest, ValueOfTheUsersOwnStaysWhenTheChoiceChanges)
+{
+    SetRuleEditor(ChooseTheSecond);
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    rule->FindParameterInArray(5)->dValue = 100;
+    rule->EditRule();
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dDefault, 508);
+    EXPECT_EQ(rule->FindParameterInArray(5)->dValue, 100);
+}
+
+TEST_F(DefaultsByChoiceTest, NewDefaultComesInTheUnitsThatTheRuleWasConvertedTo)
+{
+    SetRuleEditor(ChooseTheSecond);
+    const std::unique_ptr<CQoxRule> rule = ReadFile(MetricRoot, BareRule);
+    const RuleUnitSystemStructure metric;
+    const RuleUnitSystemStructure inches{ 3, 0 };
+    rule->UpdateRule(&metric, &inches);
+    rule->EditRule();
+    EXPECT_DOUBLE_EQ(rule->FindParameterInArray(5)->dValue, 20);
+}
+
+TEST_F(DefaultsByChoiceTest, EditorThatLeavesTheChoiceLeavesTheDefault)
+{
+    const std::unique_ptr<CQoxRule> rule =
+        ReadFile(MetricRoot, "<Rule RuleModule=\"Test Rules\" RuleName=\"TestWidths\">"
+                             "<Parameter Number=\"5\" Kind=\"length\" Value=\"30\" Default=\"30\"/></Rule>");
+    SetRuleEditor([](CQoxRule&) {});
+    rule->EditRule();
+    EXPECT_EQ(rule->FindParameterInArray(5)->dDefault, 30);
 }
 
 TEST_F(ModuleCatalogueTest, KeepsTheDocument)

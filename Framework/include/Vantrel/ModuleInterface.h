@@ -41,16 +41,30 @@ using GetModuleSummaryFunction = void (*)(std::wstring& summary);
 /// `DeleteRule`, optional: destroys a rule that the module made and nulls the pointer.
 using DeleteRuleFunction = void (*)(CQoxRule** rule);
 
-/// What a database module gives the rule modules.
+/// What a database module gives the rule modules: tables of entries, each of which has a
+/// name that no other entry of the table has, a group, and numeric properties.
+///
+/// | Table | Groups | Properties, among others |
+/// |---|---|---|
+/// | "materials" | "metal", "sheet", "plastic", "cast", "diecast", "additive", "weld", "tube" | "density",
+/// "wall_thickness_min" | | "drills" | "metric", "inch" | "diameter", "flute_length" | | "end_mills" | "metric", "inch"
+/// | "diameter", "cutting_length" | | "threads" | "metric-coarse", "metric-fine", "unified-coarse", "unified-fine" |
+/// "diameter", "pitch", "tap_drill" | | "gauges" | "metric", "steel", "galvanized", "stainless", "aluminium" |
+/// "thickness" | | "tubes" | "metric", "inch" | "diameter", "wall_thickness" | | "tolerance_grades" | "standard" |
+/// "to_3", "to_6", ... "to_500" |
+///
+/// Lengths are in millimeters, angles in degrees, tolerances in thousandths of a millimeter.
 class IRuleDatabase
 {
 public:
-    /// Names of the materials of a group ("metal", "sheet", "plastic", ...) in alphabetical
-    /// order; all of them for an empty group. Empty if the database can't be read.
-    virtual void GetMaterialNames(const std::wstring& group, std::list<std::wstring>& names) = 0;
+    /// Names of the entries of a group: materials in alphabetical order, others as the table
+    /// lists them, which is by size. All entries for an empty group; none for a table or a
+    /// group that the database doesn't have.
+    virtual void GetNames(const std::wstring& table, const std::wstring& group, std::list<std::wstring>& names) = 0;
 
-    /// A numeric property of a material. False if it isn't known.
-    virtual bool GetMaterialProperty(const std::wstring& material, const std::wstring& property, double& value) = 0;
+    /// A numeric property of an entry. False and an untouched `value` if it isn't known.
+    virtual bool GetProperty(const std::wstring& table, const std::wstring& name, const std::wstring& property,
+                             double& value) = 0;
 
 protected:
     ~IRuleDatabase() = default;

@@ -11,22 +11,23 @@
 namespace
 {
 
-/// Two materials in whatever group is asked for.
-class TwoMaterials final : public IRuleDatabase
+/// Two entries in whatever group is asked for; the second has twice the property of the first.
+class TwoEntries final : public IRuleDatabase
 {
 public:
-    void GetMaterialNames(const std::wstring& group, std::list<std::wstring>& names) override
+    void GetNames(const std::wstring& /*table*/, const std::wstring& group, std::list<std::wstring>& names) override
     {
         names = { L"First test " + group, L"Second test " + group };
     }
 
-    bool GetMaterialProperty(const std::wstring& /*material*/, const std::wstring& property, double& value) override
+    bool GetProperty(const std::wstring& /*table*/, const std::wstring& name, const std::wstring& property,
+                     double& value) override
     {
         if (property != L"density")
         {
             return false;
         }
-        value = 2.5;
+        value = name.starts_with(L"First") ? 2.5 : 5;
         return true;
     }
 };
@@ -39,7 +40,7 @@ extern "C"
     QOX_MODULE_EXPORT IRuleDatabase* GetDbInterface()
     {
         RecordCall("GetDbInterface");
-        return HAS_DATABASE ? std::make_unique<TwoMaterials>().release() : nullptr;
+        return HAS_DATABASE ? std::make_unique<TwoEntries>().release() : nullptr;
     }
     static_assert(std::is_same_v<decltype(&GetDbInterface), GetDbInterfaceFunction>);
 #endif
@@ -48,7 +49,7 @@ extern "C"
     QOX_MODULE_EXPORT void DeleteDbInterface(IRuleDatabase* database)
     {
         RecordCall("DeleteDbInterface");
-        delete static_cast<TwoMaterials*>(database);
+        delete static_cast<TwoEntries*>(database);
     }
     static_assert(std::is_same_v<decltype(&DeleteDbInterface), DeleteDbInterfaceFunction>);
 #endif

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "RuleModules/Common/RuleDefinition.h"
+#include "RuleModules/Kit/RuleTable.h"
+#include "RuleModules/Kit/RuleTableCheck.h"
 
 /// The definition of the module that a library is. Each module defines it once; the
 /// exports, which every module has alike, are made from it.

@@ -1,16 +1,12 @@
 #pragma once
 
-#include "RuleModules/Common/MaterialList.h"
-#include "RuleModules/Common/ModuleRule.h"
-#include "RuleModules/Common/RuleDefinition.h"
+#include "RuleModules/Kit/ModuleRule.h"
 
 #include <Vantrel/PointerArray.h>
 
 #include <list>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 
 class QoxXMLDocument;
 class QoxXMLNode;
@@ -35,9 +31,6 @@ public:
     /// address and for the pointer.
     static void DeleteRule(CQoxRule** rule);
 
-    /// The definition by rule name without regard to case, or null.
-    const PreparedRule* FindRule(std::wstring_view name) const;
-
     /// Paths of the database modules; copied. Null stands for none.
     void SetDatabaseModules(const std::list<std::wstring>* modules);
 
@@ -46,23 +39,20 @@ public:
     void SetDocument(QoxXMLDocument* document) { m_document = document; }
     QoxXMLDocument* Document() const { return m_document; }
 
+    /// What the module is for, in the language in use.
+    std::wstring Summary() const;
+
     const ModuleDefinition& Definition() const { return m_module; }
 
 private:
-    struct NameHash
-    {
-        std::size_t operator()(std::wstring_view name) const;
-    };
-    struct NameEqual
-    {
-        bool operator()(std::wstring_view first, std::wstring_view second) const;
-    };
+    /// What the module offers at present. Made when it is first asked for.
+    const std::shared_ptr<const ModuleContent>& Content();
 
     const ModuleDefinition& m_module;
     // Kept as strings, since every element of every file is asked for them.
     const std::wstring m_moduleAttribute = L"RuleModule";
     const std::wstring m_nameAttribute = L"RuleName";
-    std::unordered_map<std::wstring_view, PreparedRule, NameHash, NameEqual> m_rulesByName;
-    MaterialSource m_materials;
-    QoxXMLDocument* m_document = nullptr; // owned by the operation that loads or saves
+    std::list<std::wstring> m_databaseModules;
+    std::shared_ptr<const ModuleContent> m_content; // null until it is first asked for
+    QoxXMLDocument* m_document = nullptr;           // owned by the operation that loads or saves
 };

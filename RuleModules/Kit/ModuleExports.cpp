@@ -1,7 +1,7 @@
 // The exports of a rule module. Compiled into each module.
 
-#include "RuleModules/Common/ModuleCatalogue.h"
-#include "RuleModules/Common/ThisModule.h"
+#include "RuleModules/Kit/ModuleCatalogue.h"
+#include "RuleModules/Kit/ThisModule.h"
 
 #include <Vantrel/ModuleInterface.h>
 
@@ -71,7 +71,7 @@ extern "C"
 
     QOX_MODULE_EXPORT void GetModuleSummary(std::wstring& summary)
     {
-        Guarded([&summary] { summary = ThisModule().summary; });
+        Guarded([&summary] { summary = Catalogue().Summary(); });
     }
 
     QOX_MODULE_EXPORT void DeleteRule(CQoxRule** rule)

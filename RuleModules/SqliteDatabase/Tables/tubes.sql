@@ -1,0 +1,55 @@
+-- Round tubes: outside diameter and wall thickness in mm. Metric ones out of the preferred sizes
+-- of precision steel tubes as in EN 10305, inch ones as usual in North America.
+
+CREATE TABLE tubes
+(
+    name           TEXT NOT NULL PRIMARY KEY,
+    series         TEXT NOT NULL CHECK (series IN ('metric', 'inch')),
+    diameter       REAL NOT NULL CHECK (diameter > 0),
+    wall_thickness REAL NOT NULL CHECK (wall_thickness > 0 AND wall_thickness < diameter / 2)
+);
+
+INSERT INTO tubes (name, series, diameter, wall_thickness) VALUES
+    ('6x1', 'metric', 6, 1),
+    ('8x1', 'metric', 8, 1),
+    ('10x1', 'metric', 10, 1),
+    ('10x1.5', 'metric', 10, 1.5),
+    ('12x1', 'metric', 12, 1),
+    ('12x1.5', 'metric', 12, 1.5),
+    ('15x1.5', 'metric', 15, 1.5),
+    ('16x1.5', 'metric', 16, 1.5),
+    ('16x2', 'metric', 16, 2),
+    ('18x1.5', 'metric', 18, 1.5),
+    ('20x1.5', 'metric', 20, 1.5),
+    ('20x2', 'metric', 20, 2),
+    ('22x1.5', 'metric', 22, 1.5),
+    ('22x2', 'metric', 22, 2),
+    ('25x2', 'metric', 25, 2),
+    ('25x2.5', 'metric', 25, 2.5),
+    ('28x2', 'metric', 28, 2),
+    ('30x2', 'metric', 30, 2),
+    ('30x3', 'metric', 30, 3),
+    ('35x2', 'metric', 35, 2),
+    ('35x3', 'metric', 35, 3),
+    ('38x3', 'metric', 38, 3),
+    ('42x2', 'metric', 42, 2),
+    ('42x3', 'metric', 42, 3),
+    ('50x2', 'metric', 50, 2),
+    ('50x3', 'metric', 50, 3),
+    ('60x3', 'metric', 60, 3),
+    ('1/4 x 0.035', 'inch', 25.4 * 1 / 4, 25.4 * 0.035),
+    ('3/8 x 0.035', 'inch', 25.4 * 3 / 8, 25.4 * 0.035),
+    ('3/8 x 0.049', 'inch', 25.4 * 3 / 8, 25.4 * 0.049),
+    ('1/2 x 0.035', 'inch', 25.4 * 1 / 2, 25.4 * 0.035),
+    ('1/2 x 0.049', 'inch', 25.4 * 1 / 2, 25.4 * 0.049),
+    ('1/2 x 0.065', 'inch', 25.4 * 1 / 2, 25.4 * 0.065),
+    ('5/8 x 0.049', 'inch', 25.4 * 5 / 8, 25.4 * 0.049),
+    ('3/4 x 0.049', 'inch', 25.4 * 3 / 4, 25.4 * 0.049),
+    ('3/4 x 0.065', 'inch', 25.4 * 3 / 4, 25.4 * 0.065),
+    ('1 x 0.049', 'inch', 25.4 * 1, 25.4 * 0.049),
+    ('1 x 0.065', 'inch', 25.4 * 1, 25.4 * 0.065),
+    ('1 x 0.083', 'inch', 25.4 * 1, 25.4 * 0.083),
+    ('1-1/4 x 0.065', 'inch', 25.4 * 5 / 4, 25.4 * 0.065),
+    ('1-1/2 x 0.065', 'inch', 25.4 * 3 / 2, 25.4 * 0.065),
+    ('2 x 0.065', 'inch', 25.4 * 2, 25.4 * 0.065),
+    ('2 x 0.083', 'inch', 25.4 * 2, 25.4 * 0.083);
