@@ -1,5 +1,5 @@
-// The sample rule files stand for files in the field: their rules have to be found, with what
-// users entered in them.
+// Rule files as earlier builds wrote them: their rules have to be found, with what users entered
+// in them.
 
 #include "tests/RuleModules/LoadedModule.h"
 
@@ -15,16 +15,16 @@
 namespace
 {
 
-struct SampleCase
+struct FieldFile
 {
     const char* file;
     const wchar_t* library;
 
     // Without it the names of the tests hold addresses, which change from run to run.
-    friend void PrintTo(const SampleCase& sample, std::ostream* out) { *out << sample.file; }
+    friend void PrintTo(const FieldFile& field, std::ostream* out) { *out << field.file; }
 };
 
-class SampleFilesTest : public testing::TestWithParam<SampleCase>
+class FieldFilesTest : public testing::TestWithParam<FieldFile>
 {
 };
 
@@ -54,13 +54,13 @@ void ExpectParametersOf(const QoxXMLNode& element, CQoxRule& rule)
     }
 }
 
-TEST_P(SampleFilesTest, EveryRuleIsReadWithItsValues)
+TEST_P(FieldFilesTest, EveryRuleIsReadWithItsValues)
 {
     const LoadedModule module(StagedLibrary(GetParam().library));
     ASSERT_TRUE(module.IsLoaded());
     QoxXMLDocument document;
     const std::unique_ptr<QoxXMLNode> root(
-        document.LoadFromFile(Platform::Utf8ToWide(std::string(VANTREL_SAMPLES_DIR "/") + GetParam().file)));
+        document.LoadFromFile(Platform::Utf8ToWide(std::string(VANTREL_FIELD_FILES_DIR "/") + GetParam().file)));
     ASSERT_NE(root, nullptr);
     const std::unique_ptr<QoxXMLNodeList> elements(root->GetNodeList(L"Rule"));
     ASSERT_NE(elements, nullptr);
@@ -79,11 +79,11 @@ TEST_P(SampleFilesTest, EveryRuleIsReadWithItsValues)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SampleFilesTest,
-                         testing::Values(SampleCase{ "milled-bracket.vrf", L"QoxMillRulesu.dll" },
-                                         SampleCase{ "sheet-metal-enclosure.vrf", L"QoxSMRulesu.dll" },
-                                         SampleCase{ "moulded-housing.vrf", L"QOXIMRulesu.dll" }),
-                         [](const testing::TestParamInfo<SampleCase>& test)
+INSTANTIATE_TEST_SUITE_P(All, FieldFilesTest,
+                         testing::Values(FieldFile{ "milled-bracket.vrf", L"QoxMillRulesu.dll" },
+                                         FieldFile{ "sheet-metal-enclosure.vrf", L"QoxSMRulesu.dll" },
+                                         FieldFile{ "moulded-housing.vrf", L"QOXIMRulesu.dll" }),
+                         [](const testing::TestParamInfo<FieldFile>& test)
                          { return Platform::WideToUtf8(std::wstring(test.param.library, 7)); });
 
 } // namespace
