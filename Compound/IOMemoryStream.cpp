@@ -1,7 +1,8 @@
 #include "Compound/IOMemoryStream.h"
 
+#include "Platform/Memory.h"
+
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -14,7 +15,7 @@ constexpr std::uint32_t Largest = std::numeric_limits<std::uint32_t>::max();
 
 IOMemoryStream::~IOMemoryStream()
 {
-    std::free(m_data);
+    Platform::FreeBlock({ m_data, m_capacity });
 }
 
 std::uint32_t IOMemoryStream::Read(void* buffer, std::uint32_t count)
@@ -69,10 +70,11 @@ bool IOMemoryStream::Reserve(std::uint32_t size)
     const std::uint32_t doubled = m_capacity > Largest / 2 ? Largest : m_capacity * 2;
     for (const std::uint32_t capacity : { std::max(size, doubled), size })
     {
-        if (void* const grown = std::realloc(m_data, capacity); grown != nullptr)
+        const Platform::RawBlock grown = Platform::GrowBlock({ m_data, m_capacity }, m_size, capacity);
+        if (grown.start != nullptr)
         {
-            m_data = static_cast<unsigned char*>(grown);
-            m_capacity = capacity;
+            m_data = static_cast<unsigned char*>(grown.start);
+            m_capacity = static_cast<std::uint32_t>(std::min<std::size_t>(grown.size, Largest));
             return true;
         }
     }

@@ -33,7 +33,6 @@ public:
 private:
     bool Reserve(std::uint32_t size);
 
-    // From `malloc`, because `realloc` grows large blocks without copying them.
     unsigned char* m_data = nullptr;
     std::uint32_t m_size = 0;
     std::uint32_t m_capacity = 0;

@@ -53,7 +53,7 @@ bool Unzipper::ExtractEntry(const ZipEntry& entry, IOutputStream* output)
     }
     if (header.method != ZipFormat::MethodStored)
     {
-        return Inflate(entry.compressedSize, *output);
+        return Inflate(entry, *output);
     }
     if (entry.compressedSize == entry.uncompressedSize)
     {
@@ -62,14 +62,14 @@ bool Unzipper::ExtractEntry(const ZipEntry& entry, IOutputStream* output)
     return false;
 }
 
-bool Unzipper::Inflate(std::uint32_t compressedSize, IOutputStream& output)
+bool Unzipper::Inflate(const ZipEntry& entry, IOutputStream& output)
 {
     // Data that is whole goes straight into memory. How much of damaged data is delivered
     // hangs on the blocks that it goes through, so it is read again in these.
     if (auto* const memory = dynamic_cast<IOMemoryStream*>(&output); memory != nullptr)
     {
         const std::int64_t start = m_file->Position();
-        if (InflateWholeFromArchive(*m_file, compressedSize, *memory))
+        if (InflateWholeFromArchive(*m_file, entry.compressedSize, entry.uncompressedSize, *memory))
         {
             return true;
         }
@@ -78,7 +78,7 @@ bool Unzipper::Inflate(std::uint32_t compressedSize, IOutputStream& output)
             return false;
         }
     }
-    return InflateFromArchive(*m_file, compressedSize, output);
+    return InflateFromArchive(*m_file, entry.compressedSize, output);
 }
 
 std::int32_t Unzipper::ReadDirectory()

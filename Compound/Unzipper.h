@@ -56,7 +56,7 @@ public:
     std::uint64_t ArchiveSize() const { return m_archiveSize; }
 
 private:
-    bool Inflate(std::uint32_t compressedSize, IOutputStream& output);
+    bool Inflate(const ZipEntry& entry, IOutputStream& output);
     std::int32_t ReadDirectory();
     std::uint32_t FindEndOfCentralDirectory();
     bool ReadEntry(std::vector<char>& buffer);

@@ -1,15 +1,9 @@
 #include "Compound/ZipCompoundFile.h"
 
+#include "Compound/ZipPasses.h"
+
 #include <algorithm>
 #include <tuple>
-
-namespace
-{
-
-/// The most that deflated data can grow to for each of its bytes.
-constexpr std::uint64_t LargestGrowth = 1032;
-
-} // namespace
 
 ZipCompoundInputStream::ZipCompoundInputStream(ZipCompoundFile* file)
     : m_file(file), m_memory(std::make_unique<IOMemoryStream>())
@@ -21,7 +15,7 @@ ZipCompoundInputStream::ZipCompoundInputStream(ZipCompoundFile* file)
     Unzipper& unzipper = *m_file->Archive().unzipper;
     // Thousands of entries of one name may all point to the same few bytes. Together they
     // give no more than the archive could hold if they didn't overlap.
-    const std::uint64_t limit = unzipper.ArchiveSize() * LargestGrowth;
+    const std::uint64_t limit = unzipper.ArchiveSize() * LargestZipGrowth;
     for (const ZipEntry* const entry : m_file->Entries())
     {
         if (m_memory->Size() >= limit)

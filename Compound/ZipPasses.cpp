@@ -30,6 +30,21 @@ std::uint32_t Checksum(std::uint32_t crc, const StreamBlock& block, std::uint32_
     return static_cast<std::uint32_t>(crc32(crc, block.data(), count));
 }
 
+/// How much room is made at once for what so many bytes give, behind those that were inflated
+/// before. The size that the archive claims is believed only as far as bytes that are there could
+/// make it true, and of the first ones only as far as text goes: claims cost nothing.
+std::uint32_t RoomFor(std::uint32_t bytes, std::uint32_t expectedSize, std::uint32_t inflated)
+{
+    constexpr std::uint64_t GrowthOfText = 4;
+    constexpr std::uint64_t GrowthOfDenseText = 16;
+    const std::uint64_t growth = inflated > 0 ? LargestZipGrowth : GrowthOfDenseText;
+    const std::uint64_t wanted = expectedSize > inflated
+                                   ? std::min<std::uint64_t>(expectedSize - inflated, bytes * growth)
+                                   : bytes * GrowthOfText;
+    // What needs more gets it by and by.
+    return static_cast<std::uint32_t>(std::max<std::uint64_t>(wanted, 1));
+}
+
 } // namespace
 
 std::int32_t DeflateIntoArchive(IInputStream& source, ArchiveFile& file, ZipTotals& totals)
@@ -126,7 +141,8 @@ bool InflateFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOutput
     return code == Z_STREAM_END;
 }
 
-bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOMemoryStream& memory)
+bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, std::uint32_t expectedSize,
+                             IOMemoryStream& memory)
 {
     z_stream stream = {};
     if (inflateInit2(&stream, RawWindowBits) != Z_OK)
@@ -147,9 +163,8 @@ bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IO
             stream.next_in = input.data();
             stream.avail_in = count;
         }
-        // Text grows to some four times; what needs more room gets it by and by. Room is made
-        // for bytes that are there, not for those that the archive claims.
-        const std::span<unsigned char> room = memory.Spare(std::max(4 * stream.avail_in, 1U));
+        const std::span<unsigned char> room =
+            memory.Spare(RoomFor(stream.avail_in, expectedSize, memory.Size() - before));
         if (room.empty())
         {
             break;

@@ -29,9 +29,14 @@ std::int32_t StoreIntoArchive(IInputStream& source, ArchiveFile& file, ZipTotals
 /// stream came to its end. What came before a failure is in the sink.
 bool InflateFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOutputStream& sink);
 
+/// The most bytes that a deflated one can grow to.
+inline constexpr std::uint64_t LargestZipGrowth = 1032;
+
 /// Inflates as `InflateFromArchive` does, but without going through blocks. False, with nothing
-/// added, if the deflated stream doesn't come to its end.
-bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, IOMemoryStream& memory);
+/// added, if the deflated stream doesn't come to its end. The expected size, which may be wrong,
+/// saves growing.
+bool InflateWholeFromArchive(ArchiveFile& file, std::uint32_t compressedSize, std::uint32_t expectedSize,
+                             IOMemoryStream& memory);
 
 /// Copies so many bytes of the file, or what there is of them.
 void CopyFromArchive(ArchiveFile& file, std::uint32_t size, IOutputStream& sink);

@@ -27,6 +27,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/Library.cpp
     Posix/LibraryFile.cpp
     Posix/Locale.cpp
+    Posix/Memory.cpp
     Posix/Process.cpp
     Posix/ProcessVariable.cpp
     Posix/ReadFile.cpp

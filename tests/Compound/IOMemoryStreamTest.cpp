@@ -92,3 +92,21 @@ TEST(IOMemoryStreamTest, CuttingBackForgetsTheLatestBytesButNoneThatWereRead)
     stream.Write("z", 1);
     EXPECT_EQ(ReadToEnd(stream), "z");
 }
+
+TEST(IOMemoryStreamTest, TensOfMegabytesAreHeldLikeAnythingElse)
+{
+    IOMemoryStream stream;
+    const std::string piece = SampleText(1'000'003);
+    for (int count = 0; count < 40; ++count)
+    {
+        ASSERT_EQ(stream.Write(piece.data(), 1'000'003), 1'000'003u);
+    }
+    EXPECT_EQ(stream.Size(), 40'000'120u);
+    std::string read(piece.size(), '\0');
+    for (int count = 0; count < 40; ++count)
+    {
+        ASSERT_EQ(stream.Read(read.data(), 1'000'003), 1'000'003u);
+        ASSERT_TRUE(read == piece) << count;
+    }
+    EXPECT_EQ(stream.Read(read.data(), 1), 0u);
+}

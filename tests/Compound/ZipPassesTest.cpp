@@ -19,6 +19,11 @@ std::uint32_t Crc(const std::string& bytes)
         crc32(0, reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<unsigned int>(bytes.size())));
 }
 
+std::uint32_t SizeOf(const std::string& bytes)
+{
+    return static_cast<std::uint32_t>(bytes.size());
+}
+
 /// A file in memory and what a pass has counted.
 struct Pass
 {
@@ -193,11 +198,37 @@ TEST(ZipPassesTest, InflatingAtOnceGivesTheSameOrNothing)
             MemoryArchiveFile file(std::make_shared<std::string>(bytes + "?"));
             IOMemoryStream memory;
             memory.Write("before", 6);
-            const bool good = InflateWholeFromArchive(file, static_cast<std::uint32_t>(size), memory);
+            const bool good = InflateWholeFromArchive(file, static_cast<std::uint32_t>(size), SizeOf(text), memory);
             EXPECT_EQ(good, Inflate(bytes, static_cast<std::uint32_t>(size)).good) << size;
             EXPECT_EQ(ReadToEnd(memory), good ? "before" + text : "before") << size;
         }
     }
+}
+
+TEST(ZipPassesTest, ASizeThatIsntTrueChangesNothingThatIsInflated)
+{
+    for (const std::string& text :
+         { std::string(), SampleText(1), SampleText(300'000), Noise(300'000), std::string(3'000'000, 'x') })
+    {
+        const std::string bytes = RawDeflate(text);
+        for (const std::uint32_t claimed : { 0u, 1u, SizeOf(text) / 2, SizeOf(text) + 1, 0xFFFFFFFFu })
+        {
+            MemoryArchiveFile file(std::make_shared<std::string>(bytes));
+            IOMemoryStream memory;
+            EXPECT_TRUE(InflateWholeFromArchive(file, SizeOf(bytes), claimed, memory)) << claimed;
+            EXPECT_EQ(ReadToEnd(memory), text) << claimed;
+        }
+    }
+}
+
+TEST(ZipPassesTest, AClaimOfFourGigabytesMakesRoomForWhatTheBytesCanGive)
+{
+    const std::string bytes = RawDeflate("ten bytes!");
+    MemoryArchiveFile file(std::make_shared<std::string>(bytes));
+    IOMemoryStream memory;
+    EXPECT_TRUE(InflateWholeFromArchive(file, 0xFFFFFFFF, 0xFFFFFFFF, memory));
+    EXPECT_EQ(memory.Size(), 10u);
+    EXPECT_LE(memory.Spare(1).size(), 16 * bytes.size()) << "the room that is left";
 }
 
 TEST(ZipPassesTest, CopyingStopsAtTheEndOfTheFile)
