@@ -38,6 +38,18 @@ private:
     std::size_t m_position = 0;
 };
 
+template <std::size_t Size>
+void PutFields(Packer<Size>& packer, const FileFields& fields)
+{
+    packer.Put16(fields.method);
+    packer.Put32(fields.timeAndDate);
+    packer.Put32(fields.crc);
+    packer.Put32(fields.compressedSize);
+    packer.Put32(fields.uncompressedSize);
+    packer.Put16(fields.nameLength);
+    packer.Put16(fields.extraLength);
+}
+
 std::uint16_t Get16(std::span<const unsigned char> bytes, std::size_t offset)
 {
     return static_cast<std::uint16_t>(bytes[offset] | (bytes[offset + 1] << 8));
@@ -48,6 +60,20 @@ std::uint32_t Get32(std::span<const unsigned char> bytes, std::size_t offset)
     return Get16(bytes, offset) | (static_cast<std::uint32_t>(Get16(bytes, offset + 2)) << 16);
 }
 
+/// The fields from that offset on.
+FileFields GetFields(std::span<const unsigned char> bytes, std::size_t offset)
+{
+    FileFields fields;
+    fields.method = Get16(bytes, offset);
+    fields.timeAndDate = Get32(bytes, offset + 2);
+    fields.crc = Get32(bytes, offset + 6);
+    fields.compressedSize = Get32(bytes, offset + 10);
+    fields.uncompressedSize = Get32(bytes, offset + 14);
+    fields.nameLength = Get16(bytes, offset + 18);
+    fields.extraLength = Get16(bytes, offset + 20);
+    return fields;
+}
+
 } // namespace
 
 std::array<unsigned char, LocalHeaderSize> Pack(const LocalHeader& header)
@@ -56,13 +82,7 @@ std::array<unsigned char, LocalHeaderSize> Pack(const LocalHeader& header)
     packer.Put32(LocalSignature);
     packer.Put16(FormatVersion); // needed
     packer.Put16(0);             // flags: none says that the name is UTF-8, though it is
-    packer.Put16(header.method);
-    packer.Put32(header.timeAndDate);
-    packer.Put32(header.crc);
-    packer.Put32(header.compressedSize);
-    packer.Put32(header.uncompressedSize);
-    packer.Put16(header.nameLength);
-    packer.Put16(header.extraLength);
+    PutFields(packer, header);
     return packer.Bytes();
 }
 
@@ -73,13 +93,7 @@ std::array<unsigned char, CentralRecordSize> Pack(const CentralRecord& record)
     packer.Put16(FormatVersion); // made by
     packer.Put16(0);             // needed: archives in the field are written so
     packer.Put16(0);             // flags
-    packer.Put16(record.method);
-    packer.Put32(record.timeAndDate);
-    packer.Put32(record.crc);
-    packer.Put32(record.compressedSize);
-    packer.Put32(record.uncompressedSize);
-    packer.Put16(record.nameLength);
-    packer.Put16(record.extraLength);
+    PutFields(packer, record);
     packer.Put16(record.commentLength);
     packer.Put16(0); // disk
     packer.Put16(0); // internal attributes
@@ -109,30 +123,12 @@ std::uint32_t SignatureOf(std::span<const unsigned char> bytes)
 
 LocalHeader UnpackLocalHeader(std::span<const unsigned char, LocalHeaderSize> bytes)
 {
-    LocalHeader header;
-    header.method = Get16(bytes, 8);
-    header.timeAndDate = Get32(bytes, 10);
-    header.crc = Get32(bytes, 14);
-    header.compressedSize = Get32(bytes, 18);
-    header.uncompressedSize = Get32(bytes, 22);
-    header.nameLength = Get16(bytes, 26);
-    header.extraLength = Get16(bytes, 28);
-    return header;
+    return { GetFields(bytes, 8) };
 }
 
 CentralRecord UnpackCentralRecord(std::span<const unsigned char, CentralRecordSize> bytes)
 {
-    CentralRecord record;
-    record.method = Get16(bytes, 10);
-    record.timeAndDate = Get32(bytes, 12);
-    record.crc = Get32(bytes, 16);
-    record.compressedSize = Get32(bytes, 20);
-    record.uncompressedSize = Get32(bytes, 24);
-    record.nameLength = Get16(bytes, 28);
-    record.extraLength = Get16(bytes, 30);
-    record.commentLength = Get16(bytes, 32);
-    record.headerOffset = Get32(bytes, 42);
-    return record;
+    return { GetFields(bytes, 10), Get16(bytes, 32), Get32(bytes, 42) };
 }
 
 EndRecord UnpackEndRecord(std::span<const unsigned char, EndRecordSize> bytes)

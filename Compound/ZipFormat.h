@@ -31,7 +31,8 @@ inline constexpr std::uint16_t MethodDeflated = 8;
 using LocalExtra = std::array<unsigned char, LocalExtraSize>;
 using CentralExtra = std::array<unsigned char, CentralExtraSize>;
 
-struct LocalHeader
+/// What the two records of a file have in common, in the order in which it stands there.
+struct FileFields
 {
     std::uint16_t method = MethodDeflated;
     std::uint32_t timeAndDate = 0;
@@ -42,15 +43,12 @@ struct LocalHeader
     std::uint16_t extraLength = 0;
 };
 
-struct CentralRecord
+struct LocalHeader : FileFields
 {
-    std::uint16_t method = MethodDeflated;
-    std::uint32_t timeAndDate = 0;
-    std::uint32_t crc = 0;
-    std::uint32_t compressedSize = 0;
-    std::uint32_t uncompressedSize = 0;
-    std::uint16_t nameLength = 0;
-    std::uint16_t extraLength = 0;
+};
+
+struct CentralRecord : FileFields
+{
     std::uint16_t commentLength = 0;
     std::uint32_t headerOffset = 0;
 };

@@ -78,13 +78,7 @@ std::int32_t Zipper::AddFile(const wchar_t* name, IInputStream* source)
         return SeekFailed;
     }
 
-    ZipFormat::CentralRecord fields;
-    fields.method = header.method;
-    fields.timeAndDate = header.timeAndDate;
-    fields.crc = header.crc;
-    fields.compressedSize = header.compressedSize;
-    fields.uncompressedSize = header.uncompressedSize;
-    fields.nameLength = header.nameLength;
+    ZipFormat::CentralRecord fields = { header };
     fields.extraLength = static_cast<std::uint16_t>(ZipFormat::CentralExtraSize);
     fields.headerOffset = static_cast<std::uint32_t>(headerPosition);
     m_records.push_back({ fields, nameBytes, ZipFormat::MakeCentralExtra(extra) });

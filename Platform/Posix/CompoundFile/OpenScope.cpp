@@ -1,5 +1,8 @@
 #include "Platform/Posix/CompoundFile/OpenScope.h"
 
+#include "Platform/Posix/CompoundFile/EntryName.h"
+#include "Platform/Posix/CompoundFile/Mode.h"
+
 #include <utility>
 
 namespace Platform::Posix::CompoundFile
@@ -35,6 +38,26 @@ OpenMark::OpenMark(std::shared_ptr<OpenScope> scope, std::uint32_t child) : m_sc
 OpenMark::~OpenMark()
 {
     m_scope->m_open.erase(m_child);
+}
+
+StorageStatus CheckChild(const OpenScope& scope, const std::wstring& name, std::uint32_t mode, std::uint32_t access,
+                         std::u16string& units)
+{
+    if (const StorageStatus status = CheckChildMode(mode, access); status != StorageStatus::Done)
+    {
+        return status;
+    }
+    if (!scope.IsAlive())
+    {
+        return StorageStatus::AccessDenied;
+    }
+    std::optional<std::u16string> found = EntryName(name);
+    if (!found)
+    {
+        return StorageStatus::InvalidName;
+    }
+    units = std::move(*found);
+    return StorageStatus::Done;
 }
 
 } // namespace Platform::Posix::CompoundFile

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Platform/StructuredStorage.h"
+
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <unordered_set>
 
 namespace Platform::Posix::CompoundFile
@@ -50,5 +53,11 @@ private:
     std::shared_ptr<OpenScope> m_scope;
     std::uint32_t m_child;
 };
+
+/// What is looked at before anything in an open storage is opened or made: the mode, which must
+/// have the document's access, whether the storage is still open, and the name, whose units are
+/// given back.
+StorageStatus CheckChild(const OpenScope& scope, const std::wstring& name, std::uint32_t mode, std::uint32_t access,
+                         std::u16string& units);
 
 } // namespace Platform::Posix::CompoundFile

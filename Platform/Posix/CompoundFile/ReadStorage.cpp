@@ -1,7 +1,5 @@
 #include "Platform/Posix/CompoundFile/ReadStorage.h"
 
-#include "Platform/Posix/CompoundFile/EntryName.h"
-#include "Platform/Posix/CompoundFile/Mode.h"
 #include "Platform/Posix/CompoundFile/OpenScope.h"
 #include "Platform/Posix/CompoundFile/Reader.h"
 
@@ -144,20 +142,13 @@ std::optional<std::uint64_t> ReadStream::Size()
 StorageStatus ReadStorage::Find(const std::wstring& name, std::uint32_t mode, StorageEntryKind kind,
                                 std::uint32_t& entry) const
 {
-    if (const StorageStatus status = CheckChildMode(mode, StorageMode::Read); status != StorageStatus::Done)
+    std::u16string units;
+    if (const StorageStatus status = CheckChild(*m_scope, name, mode, StorageMode::Read, units);
+        status != StorageStatus::Done)
     {
         return status;
     }
-    if (!m_scope->IsAlive())
-    {
-        return StorageStatus::AccessDenied;
-    }
-    const std::optional<std::u16string> units = EntryName(name);
-    if (!units)
-    {
-        return StorageStatus::InvalidName;
-    }
-    const Reader::Child* child = m_children.Find(*units);
+    const Reader::Child* child = m_children.Find(units);
     if (child == nullptr || child->kind != kind)
     {
         return StorageStatus::NotFound;

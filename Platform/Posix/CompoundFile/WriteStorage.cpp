@@ -2,7 +2,6 @@
 
 #include "Platform/Posix/CompoundFile/EntryName.h"
 #include "Platform/Posix/CompoundFile/Image.h"
-#include "Platform/Posix/CompoundFile/Mode.h"
 #include "Platform/Posix/CompoundFile/OpenScope.h"
 #include "Platform/Posix/CompoundFile/StorageTree.h"
 #include "Platform/Text.h"
@@ -127,6 +126,15 @@ private:
     StorageStatus Find(const std::wstring& name, std::uint32_t mode, StorageEntryKind kind, std::uint32_t& node) const;
     StorageStatus Make(const std::wstring& name, std::uint32_t mode, StorageEntryKind kind, std::uint32_t& node);
 
+    /// The object of a node, unless the status tells of a failure.
+    template <typename Object>
+    std::unique_ptr<Object> Opened(StorageStatus status, std::uint32_t node) const
+    {
+        return status == StorageStatus::Done
+                 ? std::make_unique<Object>(m_session, node, std::make_unique<OpenMark>(m_scope, node))
+                 : nullptr;
+    }
+
     std::shared_ptr<Session> m_session;
     std::uint32_t m_node;
     std::unique_ptr<OpenMark> m_mark;
@@ -174,20 +182,13 @@ std::optional<std::uint64_t> WriteStream::Size()
 StorageStatus WriteStorage::Find(const std::wstring& name, std::uint32_t mode, StorageEntryKind kind,
                                  std::uint32_t& node) const
 {
-    if (const StorageStatus status = CheckChildMode(mode, StorageMode::Write); status != StorageStatus::Done)
+    std::u16string units;
+    if (const StorageStatus status = CheckChild(*m_scope, name, mode, StorageMode::Write, units);
+        status != StorageStatus::Done)
     {
         return status;
     }
-    if (!m_scope->IsAlive())
-    {
-        return StorageStatus::AccessDenied;
-    }
-    const std::optional<std::u16string> units = EntryName(name);
-    if (!units)
-    {
-        return StorageStatus::InvalidName;
-    }
-    if (!m_session->Tree().Find(m_node, EntryKey(*units), node) || m_session->Tree().At(node).kind != kind)
+    if (!m_session->Tree().Find(m_node, EntryKey(units), node) || m_session->Tree().At(node).kind != kind)
     {
         return StorageStatus::NotFound;
     }
@@ -197,20 +198,13 @@ StorageStatus WriteStorage::Find(const std::wstring& name, std::uint32_t mode, S
 StorageStatus WriteStorage::Make(const std::wstring& name, std::uint32_t mode, StorageEntryKind kind,
                                  std::uint32_t& node)
 {
-    if (const StorageStatus status = CheckChildMode(mode, StorageMode::Write); status != StorageStatus::Done)
+    std::u16string units;
+    if (const StorageStatus status = CheckChild(*m_scope, name, mode, StorageMode::Write, units);
+        status != StorageStatus::Done)
     {
         return status;
     }
-    if (!m_scope->IsAlive())
-    {
-        return StorageStatus::AccessDenied;
-    }
-    std::optional<std::u16string> units = EntryName(name);
-    if (!units)
-    {
-        return StorageStatus::InvalidName;
-    }
-    const EntryKey key(*units);
+    const EntryKey key(units);
     if (m_session->Tree().Find(m_node, key, node))
     {
         if (m_scope->IsOpen(node))
@@ -223,19 +217,15 @@ StorageStatus WriteStorage::Make(const std::wstring& name, std::uint32_t mode, S
         }
         m_session->Remove(m_node, key);
     }
-    return m_session->Add(m_node, std::move(*units), kind, node) ? StorageStatus::Done : StorageStatus::Failed;
+    return m_session->Add(m_node, std::move(units), kind, node) ? StorageStatus::Done : StorageStatus::Failed;
 }
 
 StorageResult<Storage> WriteStorage::OpenStorage(const std::wstring& name, std::uint32_t mode)
 try
 {
     std::uint32_t node = 0;
-    if (const StorageStatus status = Find(name, mode, StorageEntryKind::Storage, node); status != StorageStatus::Done)
-    {
-        return { nullptr, status };
-    }
-    return { std::make_unique<WriteStorage>(m_session, node, std::make_unique<OpenMark>(m_scope, node)),
-             StorageStatus::Done };
+    const StorageStatus status = Find(name, mode, StorageEntryKind::Storage, node);
+    return { Opened<WriteStorage>(status, node), status };
 }
 catch (const std::bad_alloc&)
 {
@@ -246,12 +236,8 @@ StorageResult<Storage> WriteStorage::CreateStorage(const std::wstring& name, std
 try
 {
     std::uint32_t node = 0;
-    if (const StorageStatus status = Make(name, mode, StorageEntryKind::Storage, node); status != StorageStatus::Done)
-    {
-        return { nullptr, status };
-    }
-    return { std::make_unique<WriteStorage>(m_session, node, std::make_unique<OpenMark>(m_scope, node)),
-             StorageStatus::Done };
+    const StorageStatus status = Make(name, mode, StorageEntryKind::Storage, node);
+    return { Opened<WriteStorage>(status, node), status };
 }
 catch (const std::bad_alloc&)
 {
@@ -275,12 +261,8 @@ StorageResult<StorageStream> WriteStorage::CreateStream(const std::wstring& name
 try
 {
     std::uint32_t node = 0;
-    if (const StorageStatus status = Make(name, mode, StorageEntryKind::Stream, node); status != StorageStatus::Done)
-    {
-        return { nullptr, status };
-    }
-    return { std::make_unique<WriteStream>(m_session, node, std::make_unique<OpenMark>(m_scope, node)),
-             StorageStatus::Done };
+    const StorageStatus status = Make(name, mode, StorageEntryKind::Stream, node);
+    return { Opened<WriteStream>(status, node), status };
 }
 catch (const std::bad_alloc&)
 {
