@@ -2,6 +2,7 @@
 #include "Platform/Files.h"
 #include "tests/Compound/TestArchive.h"
 #include "tests/Compound/TestDocument.h"
+#include "tests/Compound/TestStreams.h"
 #include "tests/Support/TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -104,6 +105,36 @@ TEST_F(CompoundFactoryTest, TheTypeIsWhatTheCallerSaysAndNotWhatTheFileIs)
     EXPECT_EQ(Create(path, 5), 0u);
     ASSERT_NE(document, nullptr);
     EXPECT_EQ(document->type, CompoundTypeZip);
+}
+
+TEST_F(CompoundFactoryTest, TypeZeroMakesAndReadsStructuredStorageByTheSameRules)
+{
+    const auto create = [this](std::uint32_t mode)
+    { return CreateCompoundDocument(path.c_str(), mode, CompoundTypeStructured, &document); };
+    EXPECT_EQ(CompoundTypeStructured, 0u);
+    EXPECT_EQ(create(5), CompoundErrorNotFound);
+    EXPECT_EQ(document, nullptr);
+    WriteBytes(path, "kept");
+    EXPECT_EQ(create(8), CompoundErrorExists);
+    EXPECT_EQ(ReadBytes(path), "kept");
+
+    ASSERT_EQ(create(10), 0u);
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(document->type, CompoundTypeStructured);
+    ASSERT_NE(document->GetRootFolder(), nullptr);
+    ICompoundFile* const written = OpenFileByPath(document->GetRootFolder(), L"a.bas", 10);
+    ASSERT_NE(written, nullptr);
+    EXPECT_EQ(written->GetOutputStream()->Write("abc", 3), 3u);
+    EXPECT_EQ(CloseCompoundDocument(&document), 0u);
+    EXPECT_EQ(document, nullptr);
+    EXPECT_EQ(ReadBytes(path).substr(0, 4), "\xD0\xCF\x11\xE0");
+
+    ASSERT_EQ(create(5), 0u);
+    ASSERT_NE(document->GetRootFolder(), nullptr);
+    ICompoundFile* const read = OpenFileByPath(document->GetRootFolder(), L"a.bas", 5);
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(ReadToEnd(*read->GetInputStream()), "abc");
+    EXPECT_EQ(CloseCompoundDocument(&document), 0u);
 }
 
 TEST_F(CompoundFactoryTest, ClosingNoDocumentDoesNothing)

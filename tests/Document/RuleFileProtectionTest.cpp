@@ -1,8 +1,7 @@
-#include "Document/Lumeq.h"
 #include "Document/RulePassword.h"
 #include "Platform/Files.h"
 #include "Platform/Text.h"
-#include "tests/Document/TestApplication.h"
+#include "tests/Document/RecordTest.h"
 #include "tests/Support/TestFiles.h"
 #include "Utilities/Hash.h"
 #include "Utilities/QOXUIUtils.h"
@@ -10,9 +9,6 @@
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/QoxXml.h>
 
-#include <gtest/gtest.h>
-
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -39,19 +35,9 @@ public:
     std::vector<std::unique_ptr<CQoxRule>> rules;
 };
 
-class RuleFileProtectionTest : public testing::Test
+class RuleFileProtectionTest : public RecordTest
 {
 protected:
-    ConcreteQOXRule& Add(const std::wstring& name)
-    {
-        ConcreteQOXRule& rule = m_rules.emplace_back();
-        rule.m_strRuleName = name;
-        rule.m_strRuleModule = VSTARuleMark;
-        std::int32_t index = 0;
-        record.AddRule(&rule, index);
-        return rule;
-    }
-
     /// Writes the record with a password; the bytes of the file.
     std::string WriteProtected()
     {
@@ -67,15 +53,7 @@ protected:
         WriteBytes(path, bytes.replace(found, before.size(), after));
     }
 
-    std::vector<std::wstring>& Boxes() { return application.prompt.texts; }
-
-    TestApplication application;
-    TemporaryFolder folder;
-    std::wstring path = folder.File(L"rules.vrf");
-    CQOXRMLumeq record;
-
-private:
-    std::deque<ConcreteQOXRule> m_rules;
+    std::vector<std::wstring>& Boxes() { return application->prompt.texts; }
 };
 
 const std::vector<std::wstring> ModifiedBox = { L"Rule File is modifed..." };
@@ -142,7 +120,7 @@ TEST_F(RuleFileProtectionTest, AProtectedFileIsReadWithItsPasswordAndWithoutAWor
 {
     Add(L"A");
     WriteProtected();
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_TRUE(read.loaded);
     EXPECT_TRUE(read.record.IsPasswordProtected());
     std::wstring password;
@@ -156,7 +134,7 @@ TEST_F(RuleFileProtectionTest, OneCharacterChangedInARuleGivesTheMessageAndAllRu
     Add(L"Alpha");
     Add(L"Beta");
     Replace(WriteProtected(), "Alpha", "Alphb");
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_TRUE(read.loaded);
     EXPECT_EQ(Boxes(), ModifiedBox);
     ASSERT_EQ(read.rules.size(), 2u);
@@ -172,7 +150,7 @@ TEST_F(RuleFileProtectionTest, RulesThatChangedPlacesGiveTheMessage)
     Replace(bytes, "Alpha", "Gamma");
     Replace(ReadBytes(path), "Beta", "Alpha");
     Replace(ReadBytes(path), "Gamma", "Beta");
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_EQ(Boxes(), ModifiedBox);
 }
 
@@ -181,7 +159,7 @@ TEST_F(RuleFileProtectionTest, ChangingOnlyAttributesOfTheRootGivesNoMessage)
     Add(L"A");
     Replace(WriteProtected(), "Name=\"\" Createdby=\"\" CreatedOn=\"\" Unit=\"0\"",
             "Name=\"n\" Createdby=\"b\" CreatedOn=\"o\" Unit=\"3\" Other=\"1\"");
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_EQ(read.record.newRuleUnits.linear, 3);
     EXPECT_TRUE(Boxes().empty());
 }
@@ -196,7 +174,7 @@ TEST_F(RuleFileProtectionTest, IndentationDoesNotCount)
         bytes.erase(found, 3);
     }
     WriteBytes(path, bytes);
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_EQ(read.rules.size(), 2u);
     EXPECT_TRUE(Boxes().empty());
 }
@@ -213,7 +191,7 @@ TEST_F(RuleFileProtectionTest, ADigestInAnotherCaseIsAnotherDigest)
     }
     ASSERT_NE(digest, before);
     Replace(bytes, before, digest);
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_EQ(Boxes(), ModifiedBox);
 }
 
@@ -222,7 +200,7 @@ TEST_F(RuleFileProtectionTest, AFileWhoseDigestWasRemovedOpensAsUnprotected)
     Add(L"A");
     const std::string bytes = WriteProtected();
     Replace(bytes, " RulesData=\"" + AttributeOf(bytes, "RulesData") + "\"", "");
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_TRUE(read.loaded);
     EXPECT_FALSE(read.record.IsPasswordProtected());
     EXPECT_TRUE(read.record.strPasswordInRuleFile.empty());
@@ -234,7 +212,7 @@ TEST_F(RuleFileProtectionTest, WithoutRulesTheDigestIsEmptyAndTheProtectionIsLos
     const std::string bytes = WriteProtected();
     EXPECT_NE(AttributeOf(bytes, "Password"), "missing");
     EXPECT_EQ(AttributeOf(bytes, "RulesData"), "");
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_TRUE(read.loaded);
     EXPECT_FALSE(read.record.IsPasswordProtected());
     EXPECT_TRUE(Boxes().empty());
@@ -288,7 +266,7 @@ TEST_F(RuleFileProtectionTest, OddTextsOfRulesAreReadBackWithTheirDigest)
         rule.m_strModulePath = text;
     }
     WriteProtected();
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_EQ(read.rules.size(), 8u);
     EXPECT_TRUE(Boxes().empty());
 }
@@ -299,13 +277,13 @@ TEST_F(RuleFileProtectionTest, WhatIsKeptUnreadIsPartOfTheDigest)
                "<Lumeq><Rule RuleModule='VSTA Rule' Later='&#10;'>text<!-- note --><Deep> </Deep><Deep><![CDATA[ ]]>"
                "</Deep></Rule></Lumeq>");
     {
-        LoadedRecord read(path, application.prompt);
+        LoadedRecord read(path, application->prompt);
         ASSERT_EQ(read.rules.size(), 1u);
         ASSERT_TRUE(read.record.SetPassword(L"secret"));
         ASSERT_TRUE(read.record.WriteRuleFile(ToNarrow(path)));
     }
     ASSERT_NE(ReadBytes(path).find("Deep"), std::string::npos);
-    const LoadedRecord read(path, application.prompt);
+    const LoadedRecord read(path, application->prompt);
     EXPECT_TRUE(read.record.IsPasswordProtected());
     EXPECT_TRUE(Boxes().empty());
 }

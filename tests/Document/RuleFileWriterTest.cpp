@@ -1,6 +1,5 @@
-#include "Document/Lumeq.h"
 #include "Platform/Files.h"
-#include "tests/Document/TestApplication.h"
+#include "tests/Document/RecordTest.h"
 #include "tests/Support/TestFiles.h"
 #include "Utilities/QOXUIUtils.h"
 
@@ -8,39 +7,18 @@
 #include <Vantrel/QoxXml.h>
 #include <Vantrel/VantrelLog.h>
 
-#include <gtest/gtest.h>
-
-#include <deque>
 #include <memory>
 #include <stdexcept>
 
 namespace
 {
 
-class RuleFileWriterTest : public testing::Test
+class RuleFileWriterTest : public RecordTest
 {
 protected:
     ~RuleFileWriterTest() override { g_bScriptRuleFile = false; }
 
-    ConcreteQOXRule& Add(const std::wstring& name)
-    {
-        ConcreteQOXRule& rule = m_rules.emplace_back();
-        rule.m_strRuleName = name;
-        rule.m_strRuleModule = VSTARuleMark;
-        std::int32_t index = 0;
-        record.AddRule(&rule, index);
-        return rule;
-    }
-
     bool Write() { return record.WriteRuleFile(ToNarrow(path)); }
-
-    std::unique_ptr<TestApplication> application = std::make_unique<TestApplication>();
-    TemporaryFolder folder;
-    std::wstring path = folder.File(L"rules.vrf");
-    CQOXRMLumeq record;
-
-private:
-    std::deque<ConcreteQOXRule> m_rules;
 };
 
 /// A rule that fails when it is asked for its element.
