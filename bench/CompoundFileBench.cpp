@@ -4,20 +4,17 @@
 // Counters: `ratio` is the median over all pairs of our time by that of the plain file;
 // `growth` is our median time by that of a tenth of the streams.
 
+#include "bench/BenchFolder.h"
+#include "bench/BenchTiming.h"
 #include "Platform/Files.h"
 #include "Platform/StructuredStorage.h"
 #include "Platform/Text.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <map>
 #include <memory>
-#include <random>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -30,46 +27,7 @@ constexpr std::uint32_t MakeFile = StorageMode::Transacted | StorageMode::Create
 constexpr std::uint32_t Exclusive = StorageMode::ShareExclusive;
 constexpr std::uint32_t ExclusiveWrite = StorageMode::ShareExclusive | StorageMode::Write;
 
-constexpr const char* MemoryFolder = "/dev/shm";
 constexpr int Pairs = 15;
-
-void Require(bool holds, const char* what)
-{
-    if (!holds)
-    {
-        throw std::runtime_error(what);
-    }
-}
-
-/// A folder in memory where the system has one, so that the disk doesn't count.
-class Folder
-{
-public:
-    Folder()
-    {
-        const std::filesystem::path parent = std::filesystem::is_directory(MemoryFolder)
-                                               ? std::filesystem::path(MemoryFolder)
-                                               : std::filesystem::temp_directory_path();
-        m_path = parent / ("vantrel-bench-" + std::to_string(std::random_device()()));
-        std::filesystem::create_directory(m_path);
-    }
-
-    ~Folder()
-    {
-        // Only what was made here: the two files, and the folder if nothing else is in it.
-        std::error_code error;
-        std::filesystem::remove(m_path / "compound", error);
-        std::filesystem::remove(m_path / "plain", error);
-        std::filesystem::remove(m_path, error);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    std::wstring File(const char* name) const { return (m_path / name).wstring(); }
-
-private:
-    std::filesystem::path m_path;
-};
 
 /// Streams of one size.
 struct Streams
@@ -142,20 +100,6 @@ void ReadPlain(const std::wstring& path, std::string& bytes)
     Require(std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size(), "the plain file isn't read");
 }
 
-double SecondsOf(const auto& action)
-{
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
 void Report(benchmark::State& state, const std::vector<double>& ours, const std::vector<double>& ratios,
             std::map<std::int64_t, double>& mediansOfCounts)
 {
@@ -190,10 +134,10 @@ void Compare(benchmark::State& state, const Ours& ours, const Plain& plain,
 void WriteCompoundFile(benchmark::State& state)
 {
     static std::map<std::int64_t, double> medians;
-    const Folder folder;
+    const BenchFolder folder;
     const Streams streams(state);
-    const std::wstring compound = folder.File("compound");
-    const std::wstring plain = folder.File("plain");
+    const std::wstring compound = folder.File(L"compound");
+    const std::wstring plain = folder.File(L"plain");
     const std::string all = streams.All();
     Compare(
         state, [&] { WriteCompound(compound, streams); }, [&] { WritePlain(plain, all); }, medians);
@@ -202,10 +146,10 @@ void WriteCompoundFile(benchmark::State& state)
 void ReadCompoundFile(benchmark::State& state)
 {
     static std::map<std::int64_t, double> medians;
-    const Folder folder;
+    const BenchFolder folder;
     const Streams streams(state);
-    const std::wstring compound = folder.File("compound");
-    const std::wstring plain = folder.File("plain");
+    const std::wstring compound = folder.File(L"compound");
+    const std::wstring plain = folder.File(L"plain");
     WriteCompound(compound, streams);
     std::string all = streams.All();
     WritePlain(plain, all);
