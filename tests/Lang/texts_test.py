@@ -90,6 +90,14 @@ class TextsTest(unittest.TestCase):
                     if text == english[number] and len(text.split()) > 2 and name not in fixed]
             self.assertEqual(same, [], folder)
 
+    def test_units_of_a_kind_have_different_names(self):
+        """A unit is found by its name."""
+        for folder in FOLDERS:
+            texts = {number: text for number, _, text in texts_of(folder)}
+            for numbers in (range(61546, 61557), (61567, 61568, 61571, 61572)):
+                names = [texts[number] for number in numbers]
+                self.assertEqual(len(set(names)), len(names), f"{folder}: {names}")
+
 
 class SourceTest(unittest.TestCase):
     """What make_texts.py makes of a source, and what it refuses."""

@@ -1,6 +1,6 @@
 #include "Utilities/Texts.h"
 
-#include "Platform/ResourceLibrary.h"
+#include "tests/Utilities/LanguageInUse.h"
 
 #include <gtest/gtest.h>
 
@@ -8,25 +8,6 @@ namespace
 {
 
 constexpr const wchar_t* FrenchLibrary = FRENCH_LIBRARY;
-
-/// Texts of a language for as long as it lives.
-class LanguageInUse
-{
-public:
-    explicit LanguageInUse(const std::wstring& path)
-    {
-        m_library.Load(path);
-        UseTextLibrary(&m_library);
-    }
-    ~LanguageInUse() { UseTextLibrary(nullptr); }
-    LanguageInUse(const LanguageInUse&) = delete;
-    LanguageInUse& operator=(const LanguageInUse&) = delete;
-
-    const Platform::ResourceLibrary& Library() const { return m_library; }
-
-private:
-    Platform::ResourceLibrary m_library;
-};
 
 } // namespace
 
