@@ -1,5 +1,7 @@
 #include "Document/Lumeq.h"
 
+#include "Document/UnitSettings.h"
+
 #include <Vantrel/QoxRule.h>
 
 #include <vector>
@@ -37,6 +39,7 @@ void FindBelow(CQoxRule* top, std::int32_t index, CQoxRule*& out)
 CQOXRMLumeq::CQOXRMLumeq(IUserPrompt* prompt, LocalClock clock)
     : m_treeRoot(std::make_unique<CQOXRMTreeRootRule>(prompt)), m_prompt(prompt), m_clock(clock)
 {
+    UnitSettings(newRuleUnits.linear, newRuleUnits.angular, true);
 }
 
 CQOXRMLumeq::~CQOXRMLumeq() = default;

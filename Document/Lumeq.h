@@ -141,7 +141,8 @@ public:
     std::wstring GetFormattedDate(const std::string& language) const;
     std::wstring GetFormattedTime(const std::string& language) const;
 
-    structRulesUnit newRuleUnits; ///< Units in which the rules' values stand.
+    /// Units in which the rules' values stand; the user's choice to begin with.
+    structRulesUnit newRuleUnits;
     structRulesUnit oldRuleUnits; ///< Units before the last change.
     std::wstring strName;
     std::wstring strCreatedOn;

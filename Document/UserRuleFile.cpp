@@ -1,5 +1,6 @@
 #include "Document/UserRuleFile.h"
 
+#include "Document/DamagedFile.h"
 #include "Document/Lumeq.h"
 #include "Modules/ScriptDirectory.h"
 #include "Platform/Files.h"
@@ -9,25 +10,12 @@
 #include <Vantrel/QoxRule.h>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace
 {
 
 constexpr const wchar_t* UserDefinedFileName = L"UserDefinedFile.xml";
-
-/// Keeps a copy of a file that can't be read, before what could not be read from it is
-/// replaced. An earlier copy stays: it is the older state of the user's rules.
-void KeepDamagedFile(const std::wstring& path)
-{
-    const std::wstring copyPath = path + L".damaged";
-    const std::optional<Platform::FileBytes> bytes = Platform::ReadWholeFile(path);
-    if (bytes && bytes->Size() > 0 && !Platform::PathExists(copyPath))
-    {
-        Platform::SaveFileWhole(copyPath, bytes->View());
-    }
-}
 
 } // namespace
 

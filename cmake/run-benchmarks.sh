@@ -9,6 +9,10 @@ set -u
 build=$1
 shift
 
+# The units that the user has chosen must not change what is measured.
+export appdata=$build/bench/settings
+mkdir -p "$appdata" || exit 1
+
 [ -s "$build/benchmarks.txt" ] || { echo "There are no benchmarks." >&2; exit 1; }
 status=0
 while IFS='|' read -r name program; do

@@ -28,7 +28,7 @@ runOne()
     mkdir -p "$corpus" "$home"
     # What earlier runs found out stays beside the seeds.
     cp -R "$seeds/." "$corpus/" || { echo "failed $name (no seeds)" | tee -a "$results"; return; }
-    if (cd "$home" && HOME=$home "$program" -max_total_time="$seconds" -max_len="$maxLength" -rss_limit_mb=2048 \
+    if (cd "$home" && HOME=$home appdata=$home "$program" -max_total_time="$seconds" -max_len="$maxLength" -rss_limit_mb=2048 \
         -timeout=10 -print_final_stats=1 -artifact_prefix="$build/fuzz/findings/$name-" "$corpus") \
         </dev/null >"$log" 2>&1; then
         local runs

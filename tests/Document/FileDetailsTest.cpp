@@ -1,6 +1,7 @@
 #include "Document/Lumeq.h"
 #include "Platform/Process.h"
 #include "Platform/Text.h"
+#include "tests/Support/OwnSettings.h"
 #include "Utilities/QOXUIUtils.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,7 @@ protected:
         now.tm_sec = second;
     }
 
+    OwnSettings settings;
     CQOXRMLumeq record{ nullptr, Now };
 };
 

@@ -1,4 +1,6 @@
 #include "Document/Lumeq.h"
+#include "tests/Support/OwnSettings.h"
+#include "tests/Support/TestFiles.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 
@@ -25,9 +27,15 @@ std::vector<CQoxRule*> LiveRulesOf(const CQOXRMLumeq& record)
     return { rules.begin(), rules.end() };
 }
 
+class LumeqTest : public testing::Test
+{
+protected:
+    OwnSettings settings;
+};
+
 } // namespace
 
-TEST(LumeqTest, AFreshRecordListsNoRules)
+TEST_F(LumeqTest, AFreshRecordListsNoRules)
 {
     const CQOXRMLumeq record;
     EXPECT_TRUE(RulesOf(record).empty());
@@ -37,7 +45,17 @@ TEST(LumeqTest, AFreshRecordListsNoRules)
     EXPECT_FALSE(record.IsPasswordProtected());
 }
 
-TEST(LumeqTest, AnIndexAboveTheCountLeavesTheOutArgumentUntouched)
+TEST_F(LumeqTest, AFreshRecordHasTheUnitsOfTheUsersSettingsAndNoneBefore)
+{
+    CQOXRMLumeq(); // makes the folders
+    WriteBytes(settings.UnitsFile(),
+               "<Settings><Units><Linear>inches</Linear><Angular>radians</Angular></Units></Settings>");
+    const CQOXRMLumeq record;
+    EXPECT_EQ(record.newRuleUnits, (structRulesUnit{ 3, 3 }));
+    EXPECT_EQ(record.oldRuleUnits, (structRulesUnit{ 0, 0 }));
+}
+
+TEST_F(LumeqTest, AnIndexAboveTheCountLeavesTheOutArgumentUntouched)
 {
     std::deque<ConcreteQOXRule> rules(2);
     CQOXRMLumeq record;
@@ -52,7 +70,7 @@ TEST(LumeqTest, AnIndexAboveTheCountLeavesTheOutArgumentUntouched)
     EXPECT_EQ(out, &rules[0]);
 }
 
-TEST(LumeqTest, TheTreeRootHasTheIndexZero)
+TEST_F(LumeqTest, TheTreeRootHasTheIndexZero)
 {
     CQOXRMLumeq record;
     CQoxRule* out = nullptr;
@@ -61,7 +79,7 @@ TEST(LumeqTest, TheTreeRootHasTheIndexZero)
     EXPECT_TRUE(out->m_bIsRoot);
 }
 
-TEST(LumeqTest, ASearchBelowOneRuleWalksItsFirstTwoChildrenToTheEnd)
+TEST_F(LumeqTest, ASearchBelowOneRuleWalksItsFirstTwoChildrenToTheEnd)
 {
     std::deque<ConcreteQOXRule> rules(3);
     rules[0].m_children.Add(&rules[1]);
@@ -74,7 +92,7 @@ TEST(LumeqTest, ASearchBelowOneRuleWalksItsFirstTwoChildrenToTheEnd)
     EXPECT_EQ(out, &rules[2]) << "the last match stays";
 }
 
-TEST(LumeqTest, RulesAreListedInTheOrderOfAddingAndAddingToAFileSetsTheState)
+TEST_F(LumeqTest, RulesAreListedInTheOrderOfAddingAndAddingToAFileSetsTheState)
 {
     std::deque<ConcreteQOXRule> rules(3);
     CQOXRMLumeq record;
@@ -89,7 +107,7 @@ TEST(LumeqTest, RulesAreListedInTheOrderOfAddingAndAddingToAFileSetsTheState)
     EXPECT_EQ(RulesOf(record), (std::vector<CQoxRule*>{ &rules[1], &rules[0], &rules[2] }));
 }
 
-TEST(LumeqTest, RulesMarkedAsDeletedAreNoLiveRules)
+TEST_F(LumeqTest, RulesMarkedAsDeletedAreNoLiveRules)
 {
     std::deque<ConcreteQOXRule> rules(2);
     CQOXRMLumeq record;
@@ -103,7 +121,7 @@ TEST(LumeqTest, RulesMarkedAsDeletedAreNoLiveRules)
     EXPECT_EQ(RulesOf(record).size(), 2u);
 }
 
-TEST(LumeqTest, DestroyingARuleDeletesItAndKeepsTheOthersInOrder)
+TEST_F(LumeqTest, DestroyingARuleDeletesItAndKeepsTheOthersInOrder)
 {
     class Counted : public ConcreteQOXRule
     {
@@ -136,7 +154,7 @@ TEST(LumeqTest, DestroyingARuleDeletesItAndKeepsTheOthersInOrder)
     EXPECT_TRUE(RulesOf(record).empty());
 }
 
-TEST(LumeqTest, TheRulesAreNotDeletedWithTheRecord)
+TEST_F(LumeqTest, TheRulesAreNotDeletedWithTheRecord)
 {
     ConcreteQOXRule rule;
     {
@@ -147,7 +165,7 @@ TEST(LumeqTest, TheRulesAreNotDeletedWithTheRecord)
     EXPECT_EQ(rule.m_nTreeIndex, 1);
 }
 
-TEST(LumeqTest, AMillionRulesAreAddedListedAndFoundWithoutRecursion)
+TEST_F(LumeqTest, AMillionRulesAreAddedListedAndFoundWithoutRecursion)
 {
     constexpr std::int32_t Count = 1000000;
     std::deque<ConcreteQOXRule> few(1000);

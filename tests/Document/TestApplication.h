@@ -3,6 +3,7 @@
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
 #include "tests/RuleModules/Fixtures/TestModule.h"
+#include "tests/Support/OwnSettings.h"
 #include "tests/Support/ScopedEnvironment.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "Utilities/UserPrompt.h"
@@ -48,6 +49,7 @@ public:
     void LoadDatabaseModules(const std::vector<std::wstring>& names);
 
     RecordingPrompt prompt;
+    OwnSettings settings;
     Platform::LibraryHandle framework; // the real one unless a test puts another in its place
     int docOpenState = 0;
 
