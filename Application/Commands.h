@@ -25,6 +25,7 @@ enum CommandId : int
 {
     CommandToggleLog = wxID_HIGHEST + 1,
     CommandSetPassword,
+    CommandUnitSettings,
 };
 
 inline constexpr std::array CommandTable = {
@@ -34,6 +35,8 @@ inline constexpr std::array CommandTable = {
     Command{ wxID_SAVE, TextId::MenuFile, TextId::CommandSave, TextId::TipSave, wxART_FILE_SAVE, wxITEM_NORMAL, true },
     Command{ wxID_SAVEAS, TextId::MenuFile, TextId::CommandSaveAs, TextId::TipSaveAs, nullptr, wxITEM_NORMAL, false },
     Command{ CommandSetPassword, TextId::MenuFile, TextId::CommandSetPassword, TextId::TipSetPassword, nullptr,
+             wxITEM_NORMAL, false },
+    Command{ CommandUnitSettings, TextId::MenuFile, TextId::CommandUnitSettings, TextId::TipUnitSettings, nullptr,
              wxITEM_NORMAL, false },
     Command{ wxID_EXIT, TextId::MenuFile, TextId::CommandExit, TextId::TipExit, nullptr, wxITEM_NORMAL, true },
     Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },

@@ -5,6 +5,7 @@
 #include "Application/ToolkitTexts.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
+#include "Document/UnitSettingDlg.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"
 #include "Platform/Automation.h"
@@ -277,6 +278,20 @@ void CQOXRMConfigModuleApp::ToggleLog()
     CVantrelLog::OpenLogFile(LogFilePath(folder));
     LogMessage(L"Log creation started");
     bLogEnabled = true;
+}
+
+void CQOXRMConfigModuleApp::ChangeUnits()
+{
+    auto* const document = dynamic_cast<CQOXRMConfigModuleDoc*>(m_documents->GetCurrentDocument());
+    if (document == nullptr)
+    {
+        return;
+    }
+    structRulesUnit units = document->Rules().Header().newRuleUnits;
+    if (CQOXUnitSettingDlg(m_mainFrame, units).ShowModal() == wxID_OK)
+    {
+        document->ChangeUnits(units);
+    }
 }
 
 void CQOXRMConfigModuleApp::OnAddRule(CQoxRule* rule)

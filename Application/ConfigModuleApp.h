@@ -64,6 +64,7 @@ private:
     void OpenDocumentFile(const std::wstring& path) override;
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
+    void ChangeUnits() override;
 
     int nDocOpenState = 0;
     bool bLogEnabled = false;

@@ -15,6 +15,19 @@ constexpr std::size_t RecentFileCount = 4;
 
 } // namespace
 
+RuleDocManager::RuleDocManager()
+{
+    // In place of the framework's own answer, which doesn't know of changed units.
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this](wxUpdateUIEvent& event)
+        {
+            const auto* const document = dynamic_cast<CQOXRMConfigModuleDoc*>(GetCurrentDocument());
+            event.Enable(document != nullptr && document->CanBeSaved());
+        },
+        wxID_SAVE);
+}
+
 wxDocTemplate* RuleDocManager::MakeRuleTemplate()
 {
     const wxString extension = RuleFileExtension;

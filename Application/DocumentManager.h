@@ -8,6 +8,8 @@
 class RuleDocManager : public wxDocManager
 {
 public:
+    RuleDocManager();
+
     /// Makes the template of rule documents. Null if that fails.
     wxDocTemplate* MakeRuleTemplate();
 

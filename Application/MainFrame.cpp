@@ -34,6 +34,8 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ToggleLog(); }, CommandToggleLog);
     Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ChangeUnits(); }, CommandUnitSettings);
+    Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);
 
     SetName("MainFrame");

@@ -16,6 +16,9 @@ public:
     virtual void OpenDocumentFile(const std::wstring& path) = 0;
     virtual bool IsLogEnabled() const = 0;
     virtual void ToggleLog() = 0;
+
+    /// Lets the user choose the units of the active document; without one, does nothing.
+    virtual void ChangeUnits() = 0;
 };
 
 /// The main window: menus, tool bar, status bar, and the document windows within.

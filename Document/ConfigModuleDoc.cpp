@@ -101,6 +101,17 @@ bool CQOXRMConfigModuleDoc::OnSaveModified()
     return false;
 }
 
+bool CQOXRMConfigModuleDoc::Save()
+{
+    // Units that were changed don't count as a modification, so the framework would take the
+    // document for saved.
+    if (AlreadySaved() && m_rules.HaveUnitsChanged())
+    {
+        return OnSaveDocument(GetFilename());
+    }
+    return wxDocument::Save();
+}
+
 bool CQOXRMConfigModuleDoc::OnCloseDocument()
 {
     if (IRuleView* const view = FirstRuleView())
@@ -132,6 +143,12 @@ void CQOXRMConfigModuleDoc::SetDocumentTitle(const wxString& name)
 {
     SetTitle(DocumentTitle::ForName(name.ToStdWstring(), m_rules.IsReadOnly()));
     TellTitle();
+}
+
+void CQOXRMConfigModuleDoc::ChangeUnits(const structRulesUnit& units)
+{
+    m_rules.ChangeUnits(units);
+    UpdateViews(ViewHint::UnitsChanged);
 }
 
 void CQOXRMConfigModuleDoc::UpdateViews(ViewHint hint, CQoxRule* rule)

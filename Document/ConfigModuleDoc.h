@@ -33,6 +33,10 @@ public:
     bool OnSaveDocument(const wxString& path) override;
     bool OnSaveModified() override;
     bool OnCloseDocument() override;
+    bool Save() override;
+
+    /// True if there is something that a save would put into the file.
+    bool CanBeSaved() const { return !AlreadySaved() || m_rules.HaveUnitsChanged(); }
 
     /// Sets the modified state and the mark of it in the title.
     void Modify(bool modified) override;
@@ -41,6 +45,10 @@ public:
     void SetDocumentTitle(const wxString& name);
 
     RuleDocument& Rules() { return m_rules; }
+
+    /// Takes the units of the rules' values and has the views convert them. That doesn't
+    /// make the document a modified one, but it can be saved.
+    void ChangeUnits(const structRulesUnit& units);
 
     /// Tells all views.
     void UpdateViews(ViewHint hint, CQoxRule* rule = nullptr);

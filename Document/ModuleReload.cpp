@@ -12,7 +12,9 @@ void ReloadRuleModules(ModuleSet& modules, const std::vector<OpenRuleDocument>& 
     modules.UpdateDBModuleList();
     for (const OpenRuleDocument& document : documents)
     {
-        if (!document.isModified && !document.path.empty() && Platform::FileExists(document.path))
+        // The rows' rules stand in the document's units, which the file may not have yet.
+        const bool isAsInFile = !document.isModified && !document.rules.HaveUnitsChanged();
+        if (isAsInFile && !document.path.empty() && Platform::FileExists(document.path))
         {
             document.rules.Header().LoadRuleFile(ToNarrow(document.path));
         }

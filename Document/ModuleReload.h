@@ -17,6 +17,6 @@ struct OpenRuleDocument
 };
 
 /// Brings the loaded rule modules and the open documents in line with the configured
-/// modules. A modified document is not read again, only its views are; its rules of a module
-/// that has left must not be used afterwards.
+/// modules. A document that is modified or whose units were changed is not read again, only
+/// its views are; its rules of a module that has left must not be used afterwards.
 void ReloadRuleModules(ModuleSet& modules, const std::vector<OpenRuleDocument>& documents);

@@ -25,21 +25,6 @@ wxString LabelFor(PasswordPurpose purpose)
     return LoadText(purpose == PasswordPurpose::Set ? TextId::SetPasswordLabel : TextId::EnterPasswordLabel);
 }
 
-/// Systems leave spaces of their own behind the last button, with which it would not stand
-/// under the end of the field.
-void DropSpaceAtEnd(wxSizer& buttons)
-{
-    wxSizerItem* const last = buttons.GetChildren().GetLast()->GetData();
-    if (last->IsSpacer())
-    {
-        last->AssignSpacer(0, last->GetSpacer().GetHeight());
-    }
-    else
-    {
-        last->SetFlag(last->GetFlag() & ~wxRIGHT);
-    }
-}
-
 } // namespace
 
 CPasswordDlg::CPasswordDlg(wxWindow* parent, PasswordPurpose purpose, IUserPrompt& prompt)
@@ -63,7 +48,7 @@ void CPasswordDlg::MakeControls(PasswordPurpose purpose)
     field->Add(m_edit, wxSizerFlags(1).CentreVertical());
 
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
-    DropSpaceAtEnd(*buttons);
+    DropSpaceBehindButtons(*buttons);
 
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(label, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Margin)));

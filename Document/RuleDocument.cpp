@@ -33,7 +33,10 @@ bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
 
 } // namespace
 
-RuleDocument::RuleDocument(IUserPrompt* prompt) : m_prompt(prompt), m_header(prompt), m_access(prompt) {}
+RuleDocument::RuleDocument(IUserPrompt* prompt)
+    : m_prompt(prompt), m_header(prompt), m_unitsOfFile(m_header.newRuleUnits), m_access(prompt)
+{
+}
 
 RuleDocument::~RuleDocument()
 {
@@ -67,6 +70,7 @@ RuleDocument::OpenFailure RuleDocument::Open(const std::wstring& path)
         return OpenFailure::NotRead;
     }
     m_bUnitSet = true;
+    m_unitsOfFile = m_header.newRuleUnits;
     m_strOpenPath = path;
     LoadUserRules();
     LogMessage(L"Rule file has been opened successfully");
@@ -87,6 +91,7 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
     }
     if (failure == SaveFailure::None)
     {
+        m_unitsOfFile = m_header.newRuleUnits;
         m_strOpenPath = path;
         LogMessage(L"The document has been saved");
     }
@@ -247,6 +252,12 @@ bool RuleDocument::AskPassword()
     m_strPassword = *password;
     m_bPasswordChecked = true;
     return true;
+}
+
+void RuleDocument::ChangeUnits(const structRulesUnit& units)
+{
+    m_header.oldRuleUnits = m_header.newRuleUnits;
+    m_header.newRuleUnits = units;
 }
 
 void RuleDocument::ShowBox(const std::wstring& text) const

@@ -81,6 +81,12 @@ public:
     /// without asking for any other. False, after telling the user, for a wrong one.
     bool AskPassword();
 
+    /// Takes the units of the rules' values, and keeps those before for converting.
+    void ChangeUnits(const structRulesUnit& units);
+
+    /// True if the units aren't those of the file any more.
+    bool HaveUnitsChanged() const { return m_header.newRuleUnits != m_unitsOfFile; }
+
     CQOXRMLumeq& Header() { return m_header; }
     const CQOXRMLumeq& Header() const { return m_header; }
     RuleList& Rules() { return m_ruleList; }
@@ -98,6 +104,7 @@ private:
 
     IUserPrompt* m_prompt; // owned by the program
     CQOXRMLumeq m_header;
+    structRulesUnit m_unitsOfFile; ///< Those to start with if there is no file yet.
     bool m_bUnitSet = false;
     RuleList m_ruleList;
     PointerArray m_userRules; // owned

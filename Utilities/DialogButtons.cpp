@@ -2,6 +2,7 @@
 
 #include "Utilities/Texts.h"
 
+#include <wx/sizer.h>
 #include <wx/window.h>
 
 #include <array>
@@ -20,5 +21,18 @@ void LabelStandardButtons(wxWindow& window)
         {
             button->SetLabel(LoadText(text));
         }
+    }
+}
+
+void DropSpaceBehindButtons(wxSizer& buttons)
+{
+    wxSizerItem* const last = buttons.GetChildren().GetLast()->GetData();
+    if (last->IsSpacer())
+    {
+        last->AssignSpacer(0, last->GetSpacer().GetHeight());
+    }
+    else
+    {
+        last->SetFlag(last->GetFlag() & ~wxRIGHT);
     }
 }

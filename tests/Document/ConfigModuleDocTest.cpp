@@ -11,13 +11,25 @@
 #include <wx/docview.h>
 #include <wx/init.h>
 
+#include <vector>
+
 namespace
 {
 
-/// A view that holds nothing.
+/// A view that holds nothing but what it was told.
 class EmptyView : public wxView
 {
 public:
+    void OnUpdate(wxView* /*sender*/, wxObject* hint) override
+    {
+        if (const auto* const ruleHint = dynamic_cast<RuleViewHint*>(hint))
+        {
+            hints.push_back(ruleHint->Hint());
+        }
+    }
+
+    std::vector<ViewHint> hints;
+
     bool OnCreate(wxDocument* document, long /*flags*/) override
     {
         SetDocument(document);
@@ -43,6 +55,11 @@ protected:
                           wxCLASSINFO(CQOXRMConfigModuleDoc), wxCLASSINFO(EmptyView));
     }
     ~ConfigModuleDocTest() override { manager.CloseDocuments(true); }
+
+    static const std::vector<ViewHint>& HintsOf(CQOXRMConfigModuleDoc& document)
+    {
+        return dynamic_cast<EmptyView&>(*document.GetFirstView()).hints;
+    }
 
     CQOXRMConfigModuleDoc& New() { return dynamic_cast<CQOXRMConfigModuleDoc&>(*manager.CreateNewDocument()); }
 
@@ -158,4 +175,35 @@ TEST_F(ConfigModuleDocTest, ChangesThatAreNotWantedGoAndThoseThatAreGetSaved)
     EXPECT_TRUE(document.OnSaveModified());
     EXPECT_FALSE(document.IsModified());
     EXPECT_FALSE(ReadBytes(path).empty());
+}
+
+TEST_F(ConfigModuleDocTest, AChangeOfUnitsIsToldToTheViewsOfThatDocumentAndIsNoModification)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    CQOXRMConfigModuleDoc& other = New();
+    document.ChangeUnits({ 3, 1 });
+    EXPECT_EQ(HintsOf(document), std::vector<ViewHint>{ ViewHint::UnitsChanged });
+    EXPECT_TRUE(HintsOf(other).empty());
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_EQ(document.GetTitle(), "unnamed1");
+    EXPECT_EQ(document.Rules().Header().newRuleUnits, (structRulesUnit{ 3, 1 }));
+    EXPECT_EQ(document.Rules().Header().oldRuleUnits, (structRulesUnit{ 0, 0 }));
+    EXPECT_EQ(other.Rules().Header().newRuleUnits, (structRulesUnit{ 0, 0 }));
+}
+
+TEST_F(ConfigModuleDocTest, ADocumentOfWhichOnlyTheUnitsWereChangedCanBeSaved)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"rules.vrf");
+    WriteBytes(path, "<Lumeq/>");
+    CQOXRMConfigModuleDoc& document = New();
+    ASSERT_TRUE(document.OnOpenDocument(path));
+    EXPECT_FALSE(document.CanBeSaved());
+    EXPECT_TRUE(document.Save());
+    EXPECT_EQ(ReadBytes(path), "<Lumeq/>") << "nothing to save";
+    document.ChangeUnits({ 3, 1 });
+    EXPECT_TRUE(document.CanBeSaved());
+    EXPECT_TRUE(document.Save());
+    EXPECT_NE(ReadBytes(path), "<Lumeq/>");
+    EXPECT_FALSE(document.CanBeSaved());
 }

@@ -67,6 +67,17 @@ TEST_F(ModuleReloadTest, AModifiedDocumentIsNotReadAgainButItsModuleGoesAllTheSa
     EXPECT_FALSE(IsLoaded(Leaving));
 }
 
+TEST_F(ModuleReloadTest, ADocumentWhoseUnitsWereChangedIsNotReadAgain)
+{
+    RuleDocument document;
+    document.ChangeUnits({ 3, 0 });
+    Remove(Leaving);
+    ReloadRuleModules(application.Modules(), { Open(document, false) });
+    EXPECT_EQ(document.Header().GetCount(), 0);
+    EXPECT_EQ(document.Header().newRuleUnits, (structRulesUnit{ 3, 0 }));
+    EXPECT_EQ(loadedAtReload.size(), 1U);
+}
+
 TEST_F(ModuleReloadTest, ADocumentWithoutAFileHasOnlyItsViewsReloaded)
 {
     RuleDocument document;

@@ -1,4 +1,5 @@
 #include "Document/RuleDocument.h"
+#include "Document/UnitSettings.h"
 #include "Document/UserRuleFile.h"
 #include "Modules/RuleModule.h"
 #include "Platform/Files.h"
@@ -275,4 +276,65 @@ TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
     {
         EXPECT_NE(text.find(line), std::string::npos) << line;
     }
+}
+
+TEST_F(RuleDocumentTest, ANewDocumentStartsWithTheUnitsThatWereChosenLast)
+{
+    structRulesUnit chosen{ 3, 3 };
+    UnitSettings(chosen.linear, chosen.angular, false);
+    const RuleDocument document;
+    EXPECT_EQ(document.Header().newRuleUnits, chosen);
+    EXPECT_EQ(document.Header().oldRuleUnits, (structRulesUnit{ 0, 0 }));
+    EXPECT_FALSE(document.HaveUnitsChanged());
+}
+
+TEST_F(RuleDocumentTest, TheUnitsOfAFileGoBeforeThoseThatWereChosenLast)
+{
+    structRulesUnit chosen{ 3, 3 };
+    UnitSettings(chosen.linear, chosen.angular, false);
+    WriteBytes(path, "<Lumeq Unit=\"5\"/>");
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Header().newRuleUnits, (structRulesUnit{ 5, 3 }));
+    EXPECT_FALSE(document.HaveUnitsChanged());
+}
+
+TEST_F(RuleDocumentTest, AChangeOfUnitsKeepsThoseBeforeAndLeavesOtherDocuments)
+{
+    RuleDocument document;
+    const RuleDocument other;
+    document.ChangeUnits({ 3, 0 });
+    document.ChangeUnits({ 4, 3 });
+    EXPECT_EQ(document.Header().oldRuleUnits, (structRulesUnit{ 3, 0 }));
+    EXPECT_EQ(document.Header().newRuleUnits, (structRulesUnit{ 4, 3 }));
+    EXPECT_EQ(other.Header().newRuleUnits, (structRulesUnit{ 0, 0 }));
+}
+
+TEST_F(RuleDocumentTest, ChangedUnitsAreChangedUntilTheyAreInTheFileOrAsBefore)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    WriteBytes(path, std::string("<Lumeq Unit=\"3\" AngularUnit=\"0\">") + CompleteRule + "</Lumeq>");
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    document.ChangeUnits({ 4, 0 });
+    EXPECT_TRUE(document.HaveUnitsChanged());
+    document.ChangeUnits({ 3, 0 });
+    EXPECT_FALSE(document.HaveUnitsChanged());
+    document.ChangeUnits({ 4, 0 });
+    CQoxRule* rule = nullptr;
+    document.Header().FindRule(document.Header().TreeRoot(), 1, rule);
+    document.Rules().Append(rule);
+    ASSERT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_FALSE(document.HaveUnitsChanged());
+    EXPECT_NE(ReadBytes(path).find("Unit=\"4\" AngularUnit=\"0\""), std::string::npos);
+}
+
+TEST_F(RuleDocumentTest, AnEmptyDocumentIsSavedWithTheUnitsThatWereChosenLast)
+{
+    RuleDocument document;
+    document.ChangeUnits({ 4, 0 });
+    structRulesUnit chosen{ 3, 3 };
+    UnitSettings(chosen.linear, chosen.angular, false);
+    ASSERT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_NE(ReadBytes(path).find("Unit=\"3\" AngularUnit=\"3\""), std::string::npos);
 }

@@ -411,6 +411,26 @@ TEST_F(RuleExplorerTest, AChangeOfUnitsConvertsTheRulesOfAllRowsAndIsNoChangeOfT
     EXPECT_FALSE(window.modified);
 }
 
+TEST_F(RuleExplorerTest, ValuesFollowTheUnitsOfTheDocumentThereAndBackAndIntoTheFile)
+{
+    LoadModules();
+    OpenWith(FirstRule, "Unit=\"0\" AngularUnit=\"0\"");
+    const double before = rows.RuleOfRow(2)->Parameters()[0].dValue;
+    document.ChangeUnits({ 3, 0 });
+    explorer.OnRuleUnitsChanged();
+    document.ChangeUnits({ 1, 0 });
+    explorer.OnRuleUnitsChanged();
+    EXPECT_DOUBLE_EQ(rows.RuleOfRow(2)->Parameters()[0].dValue, before / 10);
+    ASSERT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    const std::string saved = ReadBytes(path);
+    EXPECT_NE(saved.find("Unit=\"1\" AngularUnit=\"0\""), std::string::npos) << saved;
+    EXPECT_NE(saved.find("\"4.2\""), std::string::npos) << saved;
+    document.ChangeUnits({ 0, 0 });
+    explorer.OnRuleUnitsChanged();
+    EXPECT_EQ(rows.RuleOfRow(2)->Parameters()[0].dValue, before);
+    EXPECT_FALSE(window.modified);
+}
+
 TEST_F(RuleExplorerTest, AUserDefinedRuleThatIsAddedGetsARowAtTheEnd)
 {
     LoadModules();

@@ -464,6 +464,78 @@ class ProgramTest(unittest.TestCase):
         self.focus("^unnamed1 - ")
         self.close(process)
 
+    def units_file(self):
+        return os.path.join(self.folder, "home/config/OrvaneLtd/WQZ/settings.xml")
+
+    def chosen_units(self):
+        units = ElementTree.parse(self.units_file()).getroot().find("Units")
+        return [units.findtext("Linear"), units.findtext("Angular")]
+
+    def lengths(self, path):
+        """Values of the parameters of a file that are lengths."""
+        parameters = ElementTree.parse(path).getroot().iter("Parameter")
+        return [float(parameter.get("Value")) for parameter in parameters if parameter.get("Kind") == "length"]
+
+    def save_until(self, condition, what):
+        """Saves again and again: the command is there a moment after there is something to save."""
+        self.wait_until(lambda: self.press("ctrl+s") or condition(), what)
+
+    def choose_units(self, *keys):
+        self.press("alt+f", "u")
+        self.focus("^Unit Settings$")
+        self.press(*keys)
+        self.wait_until(lambda: "Unit Settings" not in self.titles(), "the end of the dialog")
+
+    def test_a_change_of_units_converts_the_document_which_can_be_saved_but_is_not_modified(self):
+        name = "^milled-bracket.vrf - "
+        path = self.copy_sample("milled-bracket.vrf")
+        before = read_bytes(path)
+        millimeters = self.lengths(path)
+        process = self.start(path)
+        self.focus(name)
+        self.assertEqual(self.chosen_units(), ["millimeters", "degrees"])
+        self.choose_units("alt+l", *["Down"] * 5, "Escape")
+        self.focus(name)
+        self.assertEqual(self.chosen_units(), ["millimeters", "degrees"])
+        self.choose_units("alt+l", *["Down"] * 5, "alt+a", "Up", "alt+o")
+        self.wait_until(lambda: self.chosen_units() == ["inches", "degrees"], "the choice for new documents")
+        self.focus(name)  # without the mark of a modified one
+        self.assertEqual(read_bytes(path), before)
+        self.save_until(lambda: self.root_attributes(path)["Unit"] == "3", "the new unit in the file")
+        self.assertEqual(self.root_attributes(path)["AngularUnit"], "0")
+        inches = self.lengths(path)
+        self.assertGreater(len(millimeters), 0)
+        for inch, millimeter in zip(inches, millimeters, strict=True):
+            self.assertAlmostEqual(inch, millimeter / 25.4, 12)
+        self.focus(name)
+        self.choose_units("alt+l", *["Up"] * 5, "alt+o")
+        self.wait_until(lambda: self.chosen_units() == ["millimeters", "degrees"], "the choice taken back")
+        self.focus(name)
+        self.save_until(lambda: read_bytes(path) == before, "the file as it was")
+        self.close(process)
+
+    def test_the_next_new_document_starts_with_the_units_that_were_chosen(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.choose_units("alt+a", *["Down"] * 3, "alt+l", "Down", "alt+o")
+        self.wait_until(lambda: self.chosen_units() == ["centimeters", "radians"], "the choice")
+        self.focus("^unnamed1 - ")
+        self.close(process)
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        # One place on from centimeters and radians.
+        self.choose_units("alt+l", "Down", "alt+o")
+        self.wait_until(lambda: self.chosen_units() == ["meters", "radians"], "the choice that started there")
+        self.close(process)
+
+    def test_without_a_document_the_unit_command_does_nothing(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.press("ctrl+w")
+        self.focus("^Vantrel Rule Manager$")
+        self.press("alt+f", "u")
+        self.close(process)  # which a dialog would keep it from
+
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
         process = self.start()
         self.focus("^unnamed1 - ")
