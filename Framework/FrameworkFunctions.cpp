@@ -3,6 +3,7 @@
 #include "Framework/CurrentDocument.h"
 #include "Platform/Environment.h"
 #include "Platform/Files.h"
+#include "Platform/Help.h"
 #include "Platform/Process.h"
 
 #include <Vantrel/DataHelper.h>
@@ -65,9 +66,17 @@ void OnStartApplication()
     currentDocument = nullptr;
 }
 
-void ShowQOXHelp(const std::wstring& path, unsigned int /*helpId*/, int* result)
+void ShowQOXHelp(const std::wstring& path, unsigned int helpId, int* result)
 {
-    const bool shown = Platform::FileExists(path) && Platform::OpenWithDesktop(path);
+    bool shown = false;
+    try
+    {
+        shown = Platform::ShowHelpTopic(path, helpId);
+    }
+    catch (const std::exception&)
+    {
+        shown = false; // no exception crosses the library's boundary
+    }
     if (result != nullptr)
     {
         *result = shown ? 1 : 0;

@@ -22,6 +22,8 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/Files.cpp
     Posix/Hash.cpp
     Posix/HeldFile.cpp
+    Posix/Help.cpp
+    Posix/HelpPages.cpp
     Posix/InstanceRecord.cpp
     Posix/InstanceSocket.cpp
     Posix/Library.cpp

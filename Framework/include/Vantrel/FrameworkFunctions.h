@@ -14,9 +14,11 @@ extern "C"
     /// Initialises the library for a stand-alone program.
     VANTREL_API void OnStartApplication();
 
-    /// Opens the help file. `*result` is 1 if help was shown, else 0, as for a file that
-    /// doesn't exist; null is allowed. `helpId` is the topic's number, for viewers that can
-    /// open a file at a topic.
+    /// Opens the help file at the topic with the number `helpId`, or at its first one if there
+    /// is none of that number. The path is matched without regard to case. `*result` is 1 if
+    /// help was shown, else 0, as for a file that doesn't exist; null is allowed. Where help
+    /// files have no viewer of the system's, the user's browser shows the page of the topic
+    /// from the folder `help` beside the file.
     VANTREL_API void ShowQOXHelp(const std::wstring& path, unsigned int helpId, int* result);
 
     /// Copies the data settings folder, with a separator at its end, into the buffer of
