@@ -40,5 +40,6 @@ inline constexpr std::array CommandTable = {
              wxITEM_NORMAL, false },
     Command{ wxID_EXIT, TextId::MenuFile, TextId::CommandExit, TextId::TipExit, nullptr, wxITEM_NORMAL, true },
     Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },
+    Command{ wxID_HELP, TextId::MenuHelp, TextId::CommandHelp, TextId::TipHelp, nullptr, wxITEM_NORMAL, false },
     Command{ wxID_ABOUT, TextId::MenuHelp, TextId::CommandAbout, TextId::TipAbout, nullptr, wxITEM_NORMAL, false },
 };

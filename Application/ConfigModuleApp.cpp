@@ -1,5 +1,6 @@
 #include "Application/ConfigModuleApp.h"
 
+#include "Application/HelpFile.h"
 #include "Application/LogFolder.h"
 #include "Application/Registration.h"
 #include "Application/ToolkitTexts.h"
@@ -291,6 +292,17 @@ void CQOXRMConfigModuleApp::ChangeUnits()
     if (CQOXUnitSettingDlg(m_mainFrame, units).ShowModal() == wxID_OK)
     {
         document->ChangeUnits(units);
+    }
+}
+
+void CQOXRMConfigModuleApp::ShowHelp(HelpTopic topic)
+{
+    const std::wstring program = Platform::ProgramPath();
+    const std::wstring path = HelpFilePath(program, m_language.strLanguageFolder);
+    if (!ShowHelpFile(program, path, topic))
+    {
+        m_prompt.ShowBox(BoxKind::Warning, FormatText(TextId::HelpNotShown, { path }),
+                         LoadText(TextId::ApplicationTitle));
     }
 }
 

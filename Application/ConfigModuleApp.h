@@ -29,6 +29,7 @@ public:
 
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return m_prompt; }
+    void ShowHelp(HelpTopic topic) override;
     void SetDocOpenState(int state) override { nDocOpenState = state; }
     Platform::LibraryHandle Framework() override;
 

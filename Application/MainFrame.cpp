@@ -32,6 +32,8 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(wxEVT_DROP_FILES, &CQOXRMMainFrame::OnDropFiles, this);
     Bind(wxEVT_MENU, &CQOXRMMainFrame::OnAbout, this, wxID_ABOUT);
     Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowHelp(HelpTopic::Overview); }, wxID_HELP);
+    Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ToggleLog(); }, CommandToggleLog);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ChangeUnits(); }, CommandUnitSettings);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Help/HelpTopics.h"
 #include "Platform/SingleInstance.h"
 
 #include <wx/docmdi.h>
@@ -19,6 +20,7 @@ public:
 
     /// Lets the user choose the units of the active document; without one, does nothing.
     virtual void ChangeUnits() = 0;
+    virtual void ShowHelp(HelpTopic topic) = 0;
 };
 
 /// The main window: menus, tool bar, status bar, and the document windows within.

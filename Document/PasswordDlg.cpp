@@ -1,6 +1,7 @@
 #include "Document/PasswordDlg.h"
 
 #include "Document/RulePassword.h"
+#include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 
@@ -20,6 +21,11 @@ wxString TitleFor(PasswordPurpose purpose)
     return LoadText(purpose == PasswordPurpose::Set ? TextId::SetPasswordTitle : TextId::EnterPasswordTitle);
 }
 
+HelpTopic TopicFor(PasswordPurpose purpose)
+{
+    return purpose == PasswordPurpose::Set ? HelpTopic::SetPassword : HelpTopic::EnterPassword;
+}
+
 wxString LabelFor(PasswordPurpose purpose)
 {
     return LoadText(purpose == PasswordPurpose::Set ? TextId::SetPasswordLabel : TextId::EnterPasswordLabel);
@@ -32,6 +38,7 @@ CPasswordDlg::CPasswordDlg(wxWindow* parent, PasswordPurpose purpose, IUserPromp
 {
     MakeControls(purpose);
     Bind(wxEVT_BUTTON, &CPasswordDlg::OnOK, this, wxID_OK);
+    ShowHelpOnF1(*this, TopicFor(purpose));
     CentreOnParent();
     m_edit->SetFocus();
 }

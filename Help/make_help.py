@@ -23,6 +23,7 @@ import sys
 import tomllib
 import xml.etree.ElementTree as ElementTree
 
+sys.dont_write_bytecode = True  # nothing is left in the tree
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import chm_file  # pylint: disable=wrong-import-position
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Help/HelpTopics.h"
 #include "Platform/Library.h"
 
 class IUserPrompt;
@@ -20,6 +21,9 @@ public:
 
     /// The way to ask the user.
     virtual IUserPrompt& Prompt() = 0;
+
+    /// Shows a topic of the help, or tells the user why it can't be shown.
+    virtual void ShowHelp(HelpTopic topic) = 0;
 
     /// Enables or disables the commands that act on one selected rule.
     virtual void SetDocOpenState(int state) = 0;

@@ -23,6 +23,7 @@ public:
 
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return *this; }
+    void ShowHelp(HelpTopic /*topic*/) override {}
     void SetDocOpenState(int /*state*/) override {}
     Platform::LibraryHandle Framework() override { return LoadFrameworkLibrary(); }
 

@@ -27,6 +27,7 @@ class FuzzApplication : public IRuleApplication, private IUserPrompt
 public:
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return *this; }
+    void ShowHelp(HelpTopic /*topic*/) override {}
     void SetDocOpenState(int /*state*/) override {}
     Platform::LibraryHandle Framework() override { return LoadFrameworkLibrary(); }
 

@@ -16,7 +16,7 @@ import traceback
 
 # Rows of the layering, lowest first. An include goes down or stays within its row.
 ROWS = [
-    {"Lang"},
+    {"Lang", "Help"},
     {"Platform"},
     {"Framework"},
     {"RuleModules"},
@@ -252,7 +252,7 @@ def check_scripts(tree, options):
 
 def check_text(tree, options):
     """Our own text files are UTF-8, end with a line end, and have no tabs or blanks at line ends."""
-    for file in tree.ending(".cpp", ".h", ".h.in", ".texts", ".cmake", ".sh", ".py", "CMakeLists.txt", ".editorconfig",
+    for file in tree.ending(".cpp", ".h", ".h.in", ".texts", ".toml", ".html", ".css", ".cmake", ".sh", ".py", "CMakeLists.txt", ".editorconfig",
                             "Makefile", ".ci/run"):
         with open(tree.path(file), "rb") as stream:
             data = stream.read()

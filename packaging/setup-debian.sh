@@ -8,7 +8,7 @@ set -u
 
 # What every build needs.
 readonly build=(
-    g++ cmake ninja-build ccache pkg-config python3
+    g++ cmake ninja-build ccache pkg-config python3 fp-utils
     libwxgtk3.2-dev libpugixml-dev libsqlite3-dev zlib1g-dev libmd-dev libglib2.0-dev)
 
 # What windows need to look as they should.

@@ -39,6 +39,7 @@ public:
     ModuleSet& Modules() override { return m_modules; }
     Platform::LibraryHandle Framework() override { return framework; }
     IUserPrompt& Prompt() override { return prompt; }
+    void ShowHelp(HelpTopic topic) override { helpTopics.push_back(topic); }
     void SetDocOpenState(int state) override { docOpenState = state; }
 
     /// Loads rule modules of the test folder by file name without suffix, and forgets the
@@ -51,6 +52,7 @@ public:
     RecordingPrompt prompt;
     OwnSettings settings;
     Platform::LibraryHandle framework; // the real one unless a test puts another in its place
+    std::vector<HelpTopic> helpTopics; // that were asked for
     int docOpenState = 0;
 
 private:
