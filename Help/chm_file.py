@@ -22,6 +22,7 @@ STRINGS_BLOCK = 4096  # a string of #STRINGS lies within one such block
 
 SYSTEM_VERSION_SIZE = 4
 SYSTEM_TIME_CODE = 10
+SYSTEM_LANGUAGE_CODE = 4
 
 
 def packed(number):
@@ -101,9 +102,8 @@ class HelpFile:
         self.chunk.entries[name] = (0, len(self.data) - self.contents, len(contents))
         self.data += contents
 
-    def forget_times(self):
-        """Sets the times of making to a constant."""
-        struct.pack_into(">I", self.data, HEADER_TIME, 0)
+    def properties(self):
+        """Code and place of each property: where its bytes begin and end."""
         section, offset, length = self.chunk.entries["/#SYSTEM"]
         if section != 0:
             raise ValueError("the properties of the help file are compressed")
@@ -111,9 +111,18 @@ class HelpFile:
         end = self.contents + offset + length
         while position < end:
             code, size = struct.unpack_from("<HH", self.data, position)
-            if code == SYSTEM_TIME_CODE:
-                self.data[position + 4:position + 4 + size] = bytes(size)
+            yield code, position + 4, position + 4 + size
             position += 4 + size
+
+    def settle_properties(self, two_bytes):
+        """Sets the times of making to a constant, and tells whether characters of the
+        language's code page may have two bytes, which chmcmd leaves out."""
+        struct.pack_into(">I", self.data, HEADER_TIME, 0)
+        for code, start, end in self.properties():
+            if code == SYSTEM_TIME_CODE:
+                self.data[start:end] = bytes(end - start)
+            elif code == SYSTEM_LANGUAGE_CODE:
+                struct.pack_into("<I", self.data, start + 4, int(two_bytes))
 
     def bytes(self):
         """The whole file."""
@@ -124,7 +133,7 @@ class HelpFile:
         return bytes(self.data)
 
 
-def with_topic_map(compiled, strings, pages):
+def finished(compiled, strings, pages, two_bytes):
     """The compiled file with the map of (number, page) in it. `strings` is its #STRINGS."""
     strings = bytearray(strings)
     topics = bytearray()
@@ -136,7 +145,7 @@ def with_topic_map(compiled, strings, pages):
         topics += struct.pack("<II", number, len(strings))
         strings += text
     file = HelpFile(compiled)
-    file.forget_times()
+    file.settle_properties(two_bytes)
     file.put("/#STRINGS", bytes(strings))
     file.put("/#IVB", struct.pack("<I", len(topics)) + bytes(topics))
     return file.bytes()

@@ -24,12 +24,13 @@ import tomllib
 import xml.etree.ElementTree as ElementTree
 
 sys.dont_write_bytecode = True  # nothing is left in the tree
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path[:0] = [HERE, os.path.join(HERE, "..", "Lang")]
 import chm_file  # pylint: disable=wrong-import-position
+import make_texts  # pylint: disable=wrong-import-position
 
 ELEMENTS = {"page", "h2", "p", "ul", "ol", "li", "table", "tr", "th", "td", "strong", "em", "kbd", "code", "a", "ui"}
 FILE_NAME = "vantrel"
-TEXT_LINE = re.compile(r"^\d+ (\w+) = (.*)$", re.MULTILINE)
 
 # Contents, index and search; buttons to hide the contents, back, forward, home, print and options.
 NAVIGATION = 0x63520
@@ -88,15 +89,12 @@ class Help:
 
     def program_texts(self, folder):
         """The texts of the program by name, without what only menus need."""
+        self.sources += [os.path.join(folder, name) for name in sorted(os.listdir(folder)) if name.endswith(".texts")]
         texts = {}
-        for name in sorted(os.listdir(folder)):
-            if name.endswith(".texts"):
-                self.sources.append(os.path.join(folder, name))
-                for match in TEXT_LINE.finditer(read(self.sources[-1])):
-                    text = match.group(2).split("\\t")[0]
-                    # Where letters that choose an item are of another script, they stand in brackets.
-                    text = re.sub(r"\s*\(&.\)", "", text).replace("&", "").removesuffix("...").removesuffix("\u2026")
-                    texts[match.group(1)] = text.rstrip(":\uff1a ")
+        for _, name, text in make_texts.read_texts(folder):
+            # Where letters that choose an item are of another script, they stand in brackets.
+            text = re.sub(r"\s*\(&.\)", "", text.split("\t")[0]).replace("&", "")
+            texts[name] = text.removesuffix("...").removesuffix("\u2026").rstrip(":\uff1a \u00a0")
         return texts
 
     def title(self, topic):
@@ -261,7 +259,7 @@ class Help:
         with open(strings, "rb") as file:
             texts = file.read()
         pages = [(topic["number"], topic["page"] + ".html") for topic in self.topics]
-        write(target, chm_file.with_topic_map(data, texts, pages))
+        write(target, chm_file.finished(data, texts, pages, not self.language["search"]))
 
 
 def run(*command, cwd, made):
@@ -307,6 +305,6 @@ def main():
 if __name__ == "__main__":
     try:
         sys.exit(main())
-    except HelpError as problem:
+    except (HelpError, make_texts.Failure, OSError, ValueError) as problem:
         print(f"make_help: {problem}", file=sys.stderr)
         sys.exit(1)

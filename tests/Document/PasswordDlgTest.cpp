@@ -110,6 +110,25 @@ TEST(PasswordDlgTest, TheEscapeKeyIsCancel)
     EXPECT_EQ(shown.Run([] { wxUIActionSimulator().Char(WXK_ESCAPE); }), wxID_CANCEL);
 }
 
+TEST(PasswordDlgTest, F1ShowsTheHelpOfThePurposeAndLeavesTheDialogOpen)
+{
+    TestApplication application;
+    for (const PasswordPurpose purpose : { PasswordPurpose::Set, PasswordPurpose::Save })
+    {
+        ShownDialog shown(purpose);
+        const int result = shown.Run(
+            []
+            {
+                wxUIActionSimulator keys;
+                keys.Char(WXK_F1, wxMOD_SHIFT); // no key for help
+                keys.Char(WXK_F1);
+                keys.Char(WXK_ESCAPE);
+            });
+        EXPECT_EQ(result, wxID_CANCEL);
+    }
+    EXPECT_EQ(application.helpTopics, (std::vector{ HelpTopic::SetPassword, HelpTopic::EnterPassword }));
+}
+
 TEST(PasswordDlgTest, ThePasswordIsMasked)
 {
     ShownDialog shown;

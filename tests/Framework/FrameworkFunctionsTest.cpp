@@ -1,7 +1,9 @@
 #include "Platform/Files.h"
 #include "Platform/Library.h"
+#include "tests/Support/FakeDesktop.h"
 #include "tests/Support/ScopedEnvironment.h"
 #include "tests/Support/TemporaryFolder.h"
+#include "tests/Support/TestFiles.h"
 
 #include <Vantrel/DataHelper.h>
 #include <Vantrel/FrameworkFunctions.h>
@@ -68,6 +70,24 @@ TEST(FrameworkFunctionsTest, HelpThatDoesNotExistIsNotShown)
     int result = 7;
     ShowQOXHelp(folder.File(L"vantrel.chm"), 1000, &result);
     EXPECT_EQ(result, 0);
+}
+
+TEST(FrameworkFunctionsTest, TheFirstTopicOfHelpIsShownForANumberThatNoneHas)
+{
+    const TemporaryFolder folder;
+    WriteBytes(folder.File(L"vantrel.chm"), "ITSF");
+    Platform::MakeFolder(folder.File(L"help"));
+    WriteBytes(folder.File(L"help/topics.txt"), "1000 first.html\n1100 second.html\n");
+    WriteBytes(folder.File(L"help/first.html"), "<!DOCTYPE html>");
+    WriteBytes(folder.File(L"help/second.html"), "<!DOCTYPE html>");
+    FakeDesktop desktop;
+    int result = 7;
+    ShowQOXHelp(folder.File(L"vantrel.chm"), 1100, &result);
+    EXPECT_EQ(result, 1);
+    EXPECT_TRUE(desktop.WaitForTarget().ends_with("/help/second.html"));
+    desktop.Forget();
+    ShowQOXHelp(folder.File(L"vantrel.chm"), 4711, nullptr);
+    EXPECT_TRUE(desktop.WaitForTarget().ends_with("/help/first.html"));
 }
 
 TEST(FrameworkFunctionsTest, CategoriesAreOfferedOnceEach)

@@ -3,16 +3,14 @@
 #include "Platform/Files.h"
 #include "Platform/Posix/PathBytes.h"
 #include "tests/Platform/Posix/TestProcess.h"
+#include "tests/Support/FakeDesktop.h"
 #include "tests/Support/TemporaryFolder.h"
-#include "tests/Support/TestFiles.h"
 
 #include <array>
-#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <thread>
 
 using namespace Platform;
 
@@ -86,57 +84,31 @@ TEST(ProcessTest, NumbersKeepTheirFormInEveryLocale)
     std::setlocale(LC_ALL, before.c_str());
 }
 
-/// Has a program of its own in the place of the desktop's.
-class OpenWithDesktopTest : public testing::Test
+TEST(OpenWithDesktopTest, HandsOverAFileByItsFullPath)
 {
-protected:
-    void InstallOpener()
-    {
-        WriteBytes(m_folder.File(L"xdg-open"), "#!/bin/sh\nprintf %s \"$1\" > \"$VANTREL_TEST_OUT.part\"\n"
-                                               "mv \"$VANTREL_TEST_OUT.part\" \"$VANTREL_TEST_OUT\"\n");
-        std::filesystem::permissions(NativePath(m_folder.File(L"xdg-open")), std::filesystem::perms::owner_all);
-    }
-
-    std::string WaitForOutput() const
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!FileExists(m_out) && std::chrono::steady_clock::now() < end)
-        {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        return ReadBytes(m_out);
-    }
-
-    ::TemporaryFolder m_folder;
-    std::wstring m_out = m_folder.File(L"out");
-    ScopedVariable m_outVariable{ "VANTREL_TEST_OUT", m_out };
-    ScopedVariable m_path{ "PATH", m_folder.Path() + L":/usr/bin:/bin" };
-};
-
-TEST_F(OpenWithDesktopTest, HandsOverAFileByItsFullPath)
-{
-    InstallOpener();
+    const FakeDesktop desktop;
     EXPECT_TRUE(OpenWithDesktop(L"/some where/--help \u00E9.htm"));
-    EXPECT_EQ(WaitForOutput(), "/some where/--help \xC3\xA9.htm");
+    EXPECT_EQ(desktop.WaitForTarget(), "/some where/--help \xC3\xA9.htm");
 }
 
-TEST_F(OpenWithDesktopTest, NameThatLooksLikeAnOptionIsAFile)
+TEST(OpenWithDesktopTest, NameThatLooksLikeAnOptionIsAFile)
 {
-    InstallOpener();
+    const FakeDesktop desktop;
     EXPECT_TRUE(OpenWithDesktop(L"--version"));
-    EXPECT_EQ(WaitForOutput(), std::filesystem::current_path().native() + "/--version");
+    EXPECT_EQ(desktop.WaitForTarget(), std::filesystem::current_path().native() + "/--version");
 }
 
-TEST_F(OpenWithDesktopTest, HandsOverAnAddressAsItIs)
+TEST(OpenWithDesktopTest, HandsOverAnAddressAsItIs)
 {
-    InstallOpener();
+    const FakeDesktop desktop;
     EXPECT_TRUE(OpenWithDesktop(L"file:///help/index.htm#topic-1000"));
-    EXPECT_EQ(WaitForOutput(), "file:///help/index.htm#topic-1000");
+    EXPECT_EQ(desktop.WaitForTarget(), "file:///help/index.htm#topic-1000");
 }
 
-TEST_F(OpenWithDesktopTest, NoProgramForItFails)
+TEST(OpenWithDesktopTest, NoProgramForItFails)
 {
-    const ScopedVariable path("PATH", m_folder.Path());
+    const ::TemporaryFolder folder;
+    const ScopedVariable path("PATH", folder.Path());
     EXPECT_FALSE(OpenWithDesktop(L"/some/file"));
     EXPECT_FALSE(OpenWithDesktop(L""));
 }
