@@ -264,7 +264,8 @@ class Help:
 
 def run(*command, cwd, made):
     """Runs a program that says by its file, not by its status, whether it has done its work."""
-    result = subprocess.run(command, cwd=cwd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
+    environment = {**os.environ, "LC_ALL": "C.UTF-8"}  # they stop at characters that the locale lacks
+    result = subprocess.run(command, cwd=cwd, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
     said = result.stdout.decode("utf-8", "replace")
     if result.returncode != 0 or not os.path.exists(made) or "does not exist" in said:
         raise HelpError(f"{' '.join(command)} failed:\n{said}")

@@ -25,6 +25,12 @@ def read_bytes(path):
         return file.read()
 
 
+def chmls(*arguments):
+    """What the reader of help files says. It would stop at characters that the locale lacks."""
+    environment = {**os.environ, "LC_ALL": "C.UTF-8"}
+    return subprocess.run(["chmls", *arguments], check=True, capture_output=True, env=environment).stdout
+
+
 class Page(html.parser.HTMLParser):
     """What a page holds, and whether its elements are closed where they should be."""
 
@@ -113,7 +119,7 @@ class HelpTest(unittest.TestCase):
         folder = os.path.join(self.folder, name)
         os.makedirs(folder)
         file = os.path.join(STAGE, "Lang", name, "vantrel.chm")
-        subprocess.run(["chmls", "extractall", file, folder], check=True, capture_output=True)
+        chmls("extractall", file, folder)
         return folder
 
     def browser_page(self, name, page):
@@ -223,7 +229,7 @@ class HelpTest(unittest.TestCase):
         for name, _, staged in self.languages():
             base = os.path.join(self.folder, name + "-map")
             shutil.copy(os.path.join(staged, "vantrel.chm"), base + ".chm")
-            subprocess.run(["chmls", "extractalias", base + ".chm", base, "N"], check=True, capture_output=True)
+            chmls("extractalias", base + ".chm", base, "N")
             aliases = dict(line.split("=") for line in read_bytes(base + ".ali").decode("ascii").split())
             numbers = dict(line.split()[1:] for line in read_bytes(base + ".h").decode("ascii").splitlines() if line)
             self.assertEqual({(int(numbers[alias]), page) for alias, page in aliases.items()}, expected)
@@ -244,8 +250,7 @@ class HelpTest(unittest.TestCase):
 
     def test_a_help_file_knows_its_language_title_and_first_page(self):
         for _, language, staged in self.languages():
-            file = os.path.join(staged, "vantrel.chm")
-            said = subprocess.run(["chmls", "printsystem", file], check=True, capture_output=True).stdout
+            said = chmls("printsystem", os.path.join(staged, "vantrel.chm"))
             self.assertRegex(said, rb"LCID from HHP file +: %d\n" % language["lcid"])
             self.assertRegex(said, rb"DBCS in use +: %d\n" % (len("\u5b57".encode(language["codec"], "ignore")) == 2))
             self.assertIn(b":" + language["title"].encode(language["codec"]), said)

@@ -6,6 +6,7 @@ Needs a display with a window manager, xdotool, xev and xmllint.
 
 import fcntl
 import os
+import pathlib
 import re
 import shutil
 import subprocess
@@ -13,6 +14,7 @@ import sys
 import tempfile
 import time
 import unittest
+import urllib.parse
 import xml.etree.ElementTree as ElementTree
 
 PROGRAM = ""
@@ -68,9 +70,9 @@ class ProgramTest(unittest.TestCase):
 
     # --- the program ---
 
-    def start(self, *arguments, **environment):
+    def start(self, *arguments, program=None, **environment):
         process = subprocess.Popen(
-            [PROGRAM, *arguments],
+            [program or PROGRAM, *arguments],
             env=self.environment | environment,
             cwd=self.folder,
             stderr=subprocess.DEVNULL,
@@ -609,6 +611,57 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(
             lines, ["Log creation started", "MillSetUps Rule is Selected", "Closing the log file"]
         )
+
+    def stand_in_for_the_desktop(self):
+        """Has the addresses that the desktop is to open written into a file, which is the result."""
+        folder = os.path.join(self.folder, "desktop")
+        os.makedirs(folder)
+        opened = os.path.join(folder, "opened")
+        with open(os.path.join(folder, "xdg-open"), "w", encoding="utf-8") as file:
+            file.write(f'#!/bin/sh\nprintf "%s\\n" "$1" >> "{opened}"\n')
+        os.chmod(file.name, 0o755)
+        self.environment["PATH"] = folder + ":" + self.environment["PATH"]
+        return opened
+
+    def wait_for_help(self, opened, pages, language="english"):
+        root = os.path.dirname(os.path.dirname(os.path.realpath(PROGRAM)))
+        expected = [pathlib.Path(root, "Lang", language, "help", page + ".html").as_uri() for page in pages]
+        self.wait_until(lambda: os.path.exists(opened) and read_bytes(opened).count(b"\n") == len(pages), "the help")
+        self.assertEqual(read_bytes(opened).decode().split(), expected)
+        for url in expected:
+            self.assertTrue(os.path.exists(urllib.parse.unquote(urllib.parse.urlsplit(url).path)))
+
+    def test_the_help_key_opens_the_page_of_the_window_in_the_browser(self):
+        opened = self.stand_in_for_the_desktop()
+        process = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.focus("^milled-bracket.vrf - ")
+        self.press("F1")
+        self.wait_for_help(opened, ["overview"])
+        self.press("alt+h", "h")  # the command in the menu
+        self.wait_for_help(opened, ["overview"] * 2)
+        self.press("ctrl+l")
+        self.focus("^Set Password$")
+        self.press("F1")
+        self.wait_for_help(opened, ["overview"] * 2 + ["set-password"])
+        self.press("Escape")
+        self.focus("^milled-bracket.vrf - ")
+        self.close(process)
+
+    def test_help_that_is_missing_is_told_with_its_path(self):
+        # An installation without any help.
+        root = os.path.join(self.folder, "root")
+        os.makedirs(os.path.join(root, "bin"))
+        for name in ("VantrelRuleBuilderu", "vantrelframeworku.so"):
+            shutil.copy(os.path.join(os.path.dirname(os.path.realpath(PROGRAM)), name), os.path.join(root, "bin"))
+        opened = self.stand_in_for_the_desktop()
+        process = self.start(program=os.path.join(root, "bin/VantrelRuleBuilderu"))
+        self.focus("^unnamed1 - ")
+        self.press("F1")
+        self.wait_until(lambda: len(self.windows(process)) == 2, "the message")
+        self.press("Return")
+        self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the message")
+        self.assertFalse(os.path.exists(opened))
+        self.close(process)
 
     def test_the_window_comes_back_where_it_was(self):
         process = self.start()
