@@ -1,5 +1,6 @@
 #include "Application/AboutDlg.h"
 
+#include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 
@@ -51,6 +52,7 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Gap)));
     LabelStandardButtons(*this);
     SetEscapeId(wxID_OK);
+    ShowHelpOnF1(*this, HelpTopic::About);
     SetSizerAndFit(rows);
     CentreOnParent();
 }

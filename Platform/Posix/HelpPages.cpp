@@ -27,8 +27,10 @@ bool IsPageName(std::string_view name)
 {
     constexpr std::string_view Suffix = ".html";
     return name.size() > Suffix.size() && name.ends_with(Suffix) && name.front() != '.' &&
-           std::all_of(name.begin(), name.end(), [](char character)
-                       { return IsAlphanumeric(character) || character == '-' || character == '_' || character == '.'; });
+           std::all_of(name.begin(), name.end(),
+                       [](char character) {
+                           return IsAlphanumeric(character) || character == '-' || character == '_' || character == '.';
+                       });
 }
 
 struct Topic

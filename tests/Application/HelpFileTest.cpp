@@ -33,8 +33,8 @@ TEST(HelpFileTest, WithoutAFrameworkLibraryBesideTheProgramNoHelpIsShown)
     const TemporaryFolder folder;
     const FakeDesktop desktop;
     WriteBytes(folder.File(L"vantrel.chm"), "ITSF");
-    EXPECT_FALSE(ShowHelpFile(WithSeparators(folder.File(L"bin/VantrelRuleBuilderu.exe")),
-                              folder.File(L"vantrel.chm"), HelpTopic::Overview));
+    EXPECT_FALSE(ShowHelpFile(WithSeparators(folder.File(L"bin/VantrelRuleBuilderu.exe")), folder.File(L"vantrel.chm"),
+                              HelpTopic::Overview));
 }
 
 TEST(HelpFileTest, AHelpFileThatIsMissingIsNotShown)

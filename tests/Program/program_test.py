@@ -645,6 +645,20 @@ class ProgramTest(unittest.TestCase):
         self.wait_for_help(opened, ["overview"] * 2 + ["set-password"])
         self.press("Escape")
         self.focus("^milled-bracket.vrf - ")
+        self.press("alt+h", "Up", "Return")
+        self.focus("^About Vantrel Rule Manager$")
+        self.press("F1")
+        self.wait_for_help(opened, ["overview"] * 2 + ["set-password", "about"])
+        self.press("Escape")
+        self.focus("^milled-bracket.vrf - ")
+        self.close(process)
+
+    def test_help_is_in_the_language_of_the_program(self):
+        opened = self.stand_in_for_the_desktop()
+        process = self.start(self.copy_sample("milled-bracket.vrf"), LC_MESSAGES="ja_JP.UTF-8")
+        self.focus("^milled-bracket.vrf - ")
+        self.press("F1")
+        self.wait_for_help(opened, ["overview"], "japanese")
         self.close(process)
 
     def test_help_that_is_missing_is_told_with_its_path(self):
