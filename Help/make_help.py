@@ -32,10 +32,12 @@ import make_texts  # pylint: disable=wrong-import-position
 ELEMENTS = {"page", "h2", "p", "ul", "ol", "li", "table", "tr", "th", "td", "strong", "em", "kbd", "code", "a", "ui"}
 FILE_NAME = "vantrel"
 
-# Contents, index and search; buttons to hide the contents, back, forward, home, print and options.
-NAVIGATION = 0x63520
-NAVIGATION_WITHOUT_SEARCH = 0x63120
-BUTTONS = 0x304E
+# The window of the viewer: panes beside the page that follow it, favourites, the title of the
+# help file, and the place where the user left it; the search where there is one.
+NAVIGATION = 0x20 | 0x100 | 0x1000 | 0x2000 | 0x40000
+SEARCH = 0x400 | 0x20000
+# Show and hide the panes, back, forward, home, options, print.
+BUTTONS = 0x2 | 0x4 | 0x8 | 0x40 | 0x1000 | 0x2000
 
 
 class HelpError(Exception):
@@ -215,7 +217,7 @@ class Help:
         title = self.language["title"]
         first = self.topics[0]["page"] + ".html"
         search = self.language["search"]
-        navigation = NAVIGATION if search else NAVIGATION_WITHOUT_SEARCH
+        navigation = NAVIGATION | (SEARCH if search else 0)
         files = "\n".join([*(topic["page"] + ".html" for topic in self.topics), "style.css"])
         return self.coded(
             "[OPTIONS]\n"

@@ -256,6 +256,18 @@ class HelpTest(unittest.TestCase):
             self.assertIn(b":" + language["title"].encode(language["codec"]), said)
             self.assertRegex(said, rb"Default topic from \[options\] +:overview\.html")
 
+    def test_the_viewer_offers_a_search_where_words_are_indexed(self):
+        searching = []
+        for name, _, staged in self.languages():
+            file = os.path.join(staged, "vantrel.chm")
+            said = chmls("printwindows", file).decode("latin-1")
+            style = int(re.search(r"navigation pane styles +: ([0-9A-F]{8})", said).group(1), 16)
+            indexed = b"$FIftiMain" in chmls("list", file)
+            self.assertEqual(bool(style & 0x400), indexed)
+            self.assertRegex(said, r"Default File +: overview\.html")
+            searching += [name] if indexed else []
+        self.assertEqual(searching, ["english", "french"])
+
     def test_the_same_sources_make_the_same_help_file(self):
         for name, _, staged in self.languages():
             again = os.path.join(self.folder, name, "again.chm")
