@@ -18,4 +18,8 @@ std::wstring SystemLanguageName();
 /// ISO 3166 name of the country of the system's default locale, such as "CN".
 std::wstring SystemCountryName();
 
+/// What the user's locale has between a number and its decimals, whatever locale the
+/// program runs in. A point if the system doesn't tell.
+wchar_t UserDecimalSeparator();
+
 } // namespace Platform

@@ -6,7 +6,11 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
+#include <cstring>
+#include <cwchar>
 #include <initializer_list>
+#include <langinfo.h>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): locales beside that of the process
 #include <string_view>
 
 namespace Platform
@@ -106,6 +110,24 @@ std::wstring SystemLanguageName()
 std::wstring SystemCountryName()
 {
     return Posix::PathText(SystemLocale().country);
+}
+
+wchar_t UserDecimalSeparator()
+{
+    const locale_t locale = ::newlocale(LC_CTYPE_MASK | LC_NUMERIC_MASK, "", nullptr);
+    if (locale == nullptr)
+    {
+        return L'.'; // the user's locale isn't installed
+    }
+    const locale_t before = ::uselocale(locale);
+    wchar_t separator = L'.';
+    std::mbstate_t state = {};
+    const char* const bytes = ::nl_langinfo_l(RADIXCHAR, locale);
+    const std::size_t length = std::mbrtowc(&separator, bytes, std::strlen(bytes), &state);
+    ::uselocale(before);
+    ::freelocale(locale);
+    const bool told = length != 0 && length != static_cast<std::size_t>(-1) && length != static_cast<std::size_t>(-2);
+    return told ? separator : L'.';
 }
 
 } // namespace Platform
