@@ -7,6 +7,7 @@
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
 #include "Document/UnitSettingDlg.h"
+#include "Explorer/RuleEditorDlg.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"
 #include "Platform/Automation.h"
@@ -21,6 +22,7 @@
 #include <Vantrel/DataHelper.h>
 #include <Vantrel/FrameworkFunctions.h>
 #include <Vantrel/ModuleTexts.h>
+#include <Vantrel/RuleEditor.h>
 #include <Vantrel/VantrelLog.h>
 
 #include <wx/config.h>
@@ -139,6 +141,7 @@ bool CQOXRMConfigModuleApp::InitInstance()
     {
         return false;
     }
+    SetRuleEditor(EditRuleInWindow);
     Registration::RegisterFileTypes();
     m_commandLine = ParseCommandLine(ProgramArguments(argv.GetArguments()));
     if (m_commandLine.IsServerStart())
@@ -242,6 +245,7 @@ void CQOXRMConfigModuleApp::ExitInstance()
     {
         collector->OnCollectorStop();
     }
+    SetRuleEditor(nullptr);
     if (m_documents != nullptr)
     {
         m_documents->FileHistorySave(*wxConfigBase::Get());
