@@ -1,11 +1,15 @@
 #pragma once
 
+#include "Platform/FileCause.h"
+
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Files and folders by wide path.
 namespace Platform
@@ -30,6 +34,10 @@ std::wstring FolderPart(std::wstring_view path);
 /// An empty path stays empty.
 std::wstring AbsolutePath(const std::wstring& path);
 
+/// The path under which the system has a file that is there: absolute, all links followed.
+/// `AbsolutePath` of one that isn't there.
+std::wstring ResolvedPath(const std::wstring& path);
+
 /// True for a path that starts at a root (on Windows also a network path).
 bool IsAbsolutePath(std::wstring_view path);
 
@@ -51,6 +59,13 @@ bool MakeFolder(const std::wstring& path);
 
 /// Makes the folder and those above it. True if it exists afterwards as a folder.
 bool MakeFolderTree(const std::wstring& path);
+
+/// Makes the folder and those above it. What is made is for this user alone. True if the
+/// folder exists afterwards.
+bool MakePrivateFolderTree(const std::wstring& path);
+
+/// The names of what a folder holds, in no order. Nothing if it can't be listed.
+std::optional<std::vector<std::wstring>> NamesInFolder(const std::wstring& path);
 
 /// Deletes a file. True if it is gone afterwards.
 bool DeleteFileAt(const std::wstring& path);
@@ -95,6 +110,24 @@ bool SaveFileWhole(const std::wstring& path, std::string_view bytes);
 
 /// Same with the contents in pieces that follow one another.
 bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces);
+
+/// Called once in a save that finds a regular file, at the last moment at which the path
+/// still leads to the old contents and when nothing but taking their place is left to do:
+/// there is room for the new ones, and they are on the disk unless the file is written in
+/// place.
+using BeforeReplacing = std::function<void()>;
+
+/// Same, with what is to be done before the old contents go and, if it gives false, the reason.
+bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces, const BeforeReplacing& before,
+                   FileCause& cause);
+
+/// Copies the contents of a regular file into one for this user alone. The copy is on the
+/// disk and whole when this gives true; when it gives false, `to` is as it was before. A link
+/// at `to` is replaced.
+bool CopyFileWhole(const std::wstring& from, const std::wstring& to);
+
+/// True if both are regular files of the same bytes.
+bool HaveSameContents(const std::wstring& one, const std::wstring& other);
 
 /// The folder for temporary files, with a separator at its end. Empty if there is none.
 std::wstring TemporaryFolder();

@@ -1,23 +1,13 @@
 #pragma once
 
+#include "Platform/FileCause.h"
+
 #include <memory>
 #include <string>
 
 /// Keeping a file open so that nobody else may write it meanwhile.
 namespace Platform
 {
-
-/// Why a file could not be held. The numbers are those of the system's file errors.
-enum class FileCause : int
-{
-    None = 0,
-    Generic = 1,
-    FileNotFound = 2,
-    BadPath = 3,
-    AccessDenied = 5,
-    SharingViolation = 11, ///< Someone else holds it.
-    DiskFull = 13,
-};
 
 /// A file that is open for reading and writing while others may only read it.
 ///

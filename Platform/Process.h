@@ -17,6 +17,9 @@ std::wstring ProgramFolder();
 /// separator at its end. Not made here.
 std::wstring UserDataFolder();
 
+/// The variable of the environment that names the folder in which `UserDataFolder` lies.
+extern const char* const UserDataVariable;
+
 /// Folder for this user's settings of this program, without a separator at its end.
 /// Not made here.
 std::wstring UserConfigurationFolder();

@@ -37,7 +37,11 @@ public:
 std::optional<FileBytes> ReadWholeFileWith(FileOperations& operations, const std::string& path);
 
 /// `Platform::SaveFileWhole` over these operations.
-bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::span<const std::string_view> pieces);
+bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::span<const std::string_view> pieces,
+                     const BeforeReplacing& before, FileCause& cause);
 bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::string_view bytes);
+
+/// `Platform::CopyFileWhole` over these operations.
+bool CopyFileWith(FileOperations& operations, const std::string& from, const std::string& to);
 
 } // namespace Platform::Posix

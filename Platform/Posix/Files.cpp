@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -94,6 +95,16 @@ std::wstring AbsolutePath(const std::wstring& path)
     return tidy ? absolute : Tidy(absolute);
 }
 
+std::wstring ResolvedPath(const std::wstring& path)
+{
+    struct Free
+    {
+        void operator()(char* text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> resolved(::realpath(NativePath(path).c_str(), nullptr));
+    return resolved != nullptr ? Posix::PathText(resolved.get()) : AbsolutePath(path);
+}
+
 bool IsAbsolutePath(std::wstring_view path)
 {
     return !path.empty() && path.front() == L'/';
@@ -104,40 +115,11 @@ bool PathExists(const std::wstring& path)
     return StatusOf(path).has_value();
 }
 
-bool FolderExists(const std::wstring& path)
-{
-    const auto status = StatusOf(path);
-    return status && S_ISDIR(status->st_mode);
-}
-
 bool FileExists(const std::wstring& path)
 {
     const auto status = StatusOf(path);
     return status && !S_ISDIR(status->st_mode) &&
            ::faccessat(AT_FDCWD, NativePath(path).c_str(), R_OK, AT_EACCESS) == 0;
-}
-
-bool MakeFolder(const std::wstring& path)
-{
-    return ::mkdir(NativePath(path).c_str(), 0777) == 0 || FolderExists(path);
-}
-
-bool MakeFolderTree(const std::wstring& path)
-{
-    if (MakeFolder(path))
-    {
-        return true;
-    }
-    // From the top down: the folders above a missing one may be missing too.
-    for (std::size_t separator = path.find(L'/', 1); separator != std::wstring::npos;
-         separator = path.find(L'/', separator + 1))
-    {
-        if (!MakeFolder(path.substr(0, separator)))
-        {
-            return false;
-        }
-    }
-    return MakeFolder(path);
 }
 
 bool DeleteFileAt(const std::wstring& path)

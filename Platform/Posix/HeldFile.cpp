@@ -2,6 +2,7 @@
 
 #include "Platform/Files.h"
 #include "Platform/Posix/Descriptor.h"
+#include "Platform/Posix/FileError.h"
 #include "Platform/Posix/PathBytes.h"
 
 #include <array>
@@ -30,32 +31,6 @@ struct HeldFile::State
 
 namespace
 {
-
-FileCause CauseOf(int error)
-{
-    switch (error)
-    {
-    case ENOENT:
-        return FileCause::FileNotFound;
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-        return FileCause::BadPath;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case ETXTBSY:
-        return FileCause::AccessDenied;
-    case EWOULDBLOCK:
-        return FileCause::SharingViolation;
-    case ENOSPC:
-    case EDQUOT:
-        return FileCause::DiskFull;
-    default:
-        return FileCause::Generic;
-    }
-}
 
 /// True if the file can't be locked because its file system knows no locks. It is held all
 /// the same then, as a file that nobody else has open.
@@ -90,7 +65,7 @@ Posix::Descriptor OpenOnce(const std::string& path, FileCause& cause)
     Posix::Descriptor file(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file)
     {
-        cause = CauseOf(errno);
+        cause = Posix::CauseOf(errno);
         return file;
     }
     struct stat status = {};
@@ -101,7 +76,7 @@ Posix::Descriptor OpenOnce(const std::string& path, FileCause& cause)
     }
     if (const int error = Lock(file.Get()); error != 0)
     {
-        cause = CauseOf(error);
+        cause = Posix::CauseOf(error);
         return Posix::Descriptor();
     }
     cause = FileCause::None;

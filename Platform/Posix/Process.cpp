@@ -13,6 +13,9 @@
 
 namespace Platform
 {
+
+const char* const UserDataVariable = "XDG_DATA_HOME";
+
 namespace
 {
 
@@ -52,7 +55,7 @@ std::wstring ConfigurationRoot()
 
 std::wstring DataRoot()
 {
-    return RootFolder("XDG_DATA_HOME", L"/.local/share");
+    return RootFolder(UserDataVariable, L"/.local/share");
 }
 
 } // namespace Posix

@@ -1,18 +1,15 @@
+#include "Platform/Posix/FileError.h"
 #include "Platform/Posix/FileOperations.h"
+#include "Platform/Posix/TemporaryFile.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <csignal>
-#include <cstdint>
-#include <cstdio>
 #include <ctime>
 #include <fcntl.h>
-#include <poll.h>
-#include <random>
 #include <sys/stat.h>
-#include <tuple>
 #include <unistd.h>
 #include <utility>
 
@@ -21,12 +18,29 @@ namespace Platform::Posix
 namespace
 {
 
-enum class Outcome
+/// How an attempt to save ended, and the error if it didn't work.
+struct Outcome
 {
-    Done,
-    Failed,
-    NotPossibleHere, ///< Nothing is wrong with the file, but it can't be replaced; write in place.
+    enum class Kind
+    {
+        Done,
+        Failed,
+        NotPossibleHere, ///< Nothing is wrong with the file, but it can't be replaced; write in place.
+    };
+
+    Kind kind = Kind::Done;
+    int error = 0;
 };
+
+Outcome Failed(int error)
+{
+    return { Outcome::Kind::Failed, error };
+}
+
+Outcome NotPossibleHere(int error)
+{
+    return { Outcome::Kind::NotPossibleHere, error };
+}
 
 /// Keeps a pipe without a reader from ending the process; the write just fails.
 class PipeSignalGuard
@@ -94,42 +108,7 @@ std::string FollowLinks(std::string path)
     return {};
 }
 
-std::string FolderOf(const std::string& path)
-{
-    const std::size_t separator = path.rfind('/');
-    return separator == std::string::npos ? std::string("./") : path.substr(0, separator + 1);
-}
-
 using Pieces = std::span<const std::string_view>;
-
-bool WriteAll(FileOperations& operations, int file, std::string_view bytes)
-{
-    while (!bytes.empty())
-    {
-        const ssize_t count = operations.Write(file, bytes.data(), bytes.size());
-        if (count > 0)
-        {
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-            continue;
-        }
-        if (count < 0 && errno == EINTR)
-        {
-            continue;
-        }
-        if (count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK))
-        {
-            // Only pipes come here. A reader that takes nothing for so long has gone astray.
-            constexpr int MostWait = 5000;
-            pollfd waiting = { file, POLLOUT, 0 };
-            if (::poll(&waiting, 1, MostWait) > 0)
-            {
-                continue;
-            }
-        }
-        return false;
-    }
-    return true;
-}
 
 bool WriteAll(FileOperations& operations, int file, Pieces pieces)
 {
@@ -147,97 +126,42 @@ off_t SizeOf(Pieces pieces)
     return size;
 }
 
-bool Flush(FileOperations& operations, int file)
+/// Writes the contents over what the open file holds. `regular` tells whether there is
+/// something to cut off behind them. The error, or 0.
+int Overwrite(FileOperations& operations, int file, Pieces pieces, bool regular, const BeforeReplacing& before)
 {
-    // What can't be flushed at all, like a device, is as safe as it gets.
-    return operations.Sync(file) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+    const off_t size = SizeOf(pieces);
+    if (regular && size != 0 && operations.Reserve(file, size) != 0 &&
+        (errno == ENOSPC || errno == EDQUOT || errno == EFBIG))
+    {
+        return errno; // a full disk shows itself here, while the old contents are still whole
+    }
+    if (regular && before)
+    {
+        before();
+    }
+    const bool good = WriteAll(operations, file, pieces) && (!regular || operations.Truncate(file, size) == 0) &&
+                      Flush(operations, file);
+    return good ? 0 : errno;
 }
 
-/// Writes the contents over what the file holds. `regular` tells whether there is
-/// something to cut off behind them.
-bool WriteInPlace(FileOperations& operations, const std::string& path, Pieces pieces, bool regular)
+Outcome WriteInPlace(FileOperations& operations, const std::string& path, Pieces pieces, bool regular,
+                     const BeforeReplacing& before)
 {
     const PipeSignalGuard guard;
     const int file = operations.Open(path, O_WRONLY | O_NOCTTY | O_CLOEXEC | (regular ? 0 : O_NONBLOCK), 0);
     if (file < 0)
     {
-        return false;
+        return Failed(errno);
     }
-    bool good = true;
-    const off_t size = SizeOf(pieces);
-    if (regular && size != 0)
+    const int error = Overwrite(operations, file, pieces, regular, before);
+    const bool closed = operations.Close(file) == 0;
+    if (error != 0)
     {
-        // A full disk shows itself here, while the old contents are still whole.
-        const bool reserved = operations.Reserve(file, size) == 0;
-        good = reserved || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
+        return Failed(error);
     }
-    good = good && WriteAll(operations, file, pieces);
-    good = good && (!regular || operations.Truncate(file, size) == 0);
-    good = good && Flush(operations, file);
-    return operations.Close(file) == 0 && good;
+    return closed ? Outcome() : Failed(errno);
 }
-
-/// A temporary file beside the target. Gone at the end unless it took the target's place.
-class TemporaryFileBeside
-{
-public:
-    TemporaryFileBeside(FileOperations& operations, const std::string& folder, mode_t mode) : m_operations(operations)
-    {
-        std::random_device random;
-        for (int tries = 0; tries < 16; ++tries)
-        {
-            std::array<char, 32> name = {};
-            std::snprintf(name.data(), name.size(), ".vantrel-%08x%08x", random(), random());
-            m_path = folder + name.data();
-            // The name is new by O_EXCL, so no link that waits under it is followed.
-            m_file = operations.Open(m_path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
-            if (m_file >= 0 || errno != EEXIST)
-            {
-                m_exists = m_file >= 0;
-                return;
-            }
-        }
-    }
-
-    ~TemporaryFileBeside()
-    {
-        if (m_file >= 0)
-        {
-            std::ignore = m_operations.Close(m_file); // given up already
-        }
-        if (m_exists)
-        {
-            ::unlink(m_path.c_str());
-        }
-    }
-
-    TemporaryFileBeside(const TemporaryFileBeside&) = delete;
-    TemporaryFileBeside& operator=(const TemporaryFileBeside&) = delete;
-
-    int File() const { return m_file; }
-
-    bool Close()
-    {
-        const int file = std::exchange(m_file, -1);
-        return m_operations.Close(file) == 0;
-    }
-
-    bool TakePlaceOf(const std::string& target)
-    {
-        if (m_operations.Rename(m_path, target) != 0)
-        {
-            return false;
-        }
-        m_exists = false;
-        return true;
-    }
-
-private:
-    FileOperations& m_operations;
-    std::string m_path;
-    int m_file = -1;
-    bool m_exists = false;
-};
 
 /// Gives the new file the owner and the permissions of the old one.
 bool KeepPermissions(FileOperations& operations, int file, const struct stat& old)
@@ -259,79 +183,91 @@ bool KeepPermissions(FileOperations& operations, int file, const struct stat& ol
 
 /// Puts the contents into a new file and that into the place of `target`. `old` is null
 /// if there is no such file yet.
-Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, const struct stat* old, Pieces pieces)
+Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, const struct stat* old, Pieces pieces,
+                         const BeforeReplacing& before)
 {
-    const std::string folder = FolderOf(target);
     // Nobody else may read the contents before the permissions are those of the old file.
-    TemporaryFileBeside temporary(operations, folder, old != nullptr ? 0600 : 0666);
+    TemporaryFile temporary(operations, FolderOf(target), old != nullptr ? 0600 : 0666);
     if (temporary.File() < 0)
     {
         const bool refused = errno == EACCES || errno == EPERM || errno == EROFS;
-        return refused ? Outcome::NotPossibleHere : Outcome::Failed;
+        return refused ? NotPossibleHere(errno) : Failed(errno);
     }
     if (old != nullptr && !KeepPermissions(operations, temporary.File(), *old))
     {
-        return Outcome::NotPossibleHere;
+        return NotPossibleHere(errno);
     }
-    if (!WriteAll(operations, temporary.File(), pieces) || !Flush(operations, temporary.File()) || !temporary.Close())
+    if (!WriteAll(operations, temporary.File(), pieces) || !temporary.FlushAndClose())
     {
-        return Outcome::Failed;
+        return Failed(errno);
+    }
+    if (old != nullptr && before)
+    {
+        before();
     }
     if (!temporary.TakePlaceOf(target))
     {
         // A folder may guard its files against others than their owners, and a file may be mounted.
         const bool refused = errno == EACCES || errno == EPERM || errno == EBUSY;
-        return refused ? Outcome::NotPossibleHere : Outcome::Failed;
+        return refused ? NotPossibleHere(errno) : Failed(errno);
     }
-    const int folderFile = operations.Open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
-    if (folderFile >= 0)
+    return {};
+}
+
+Outcome Replace(FileOperations& operations, const std::string& path, Pieces pieces, const BeforeReplacing& before)
+{
+    const std::string target = FollowLinks(path);
+    if (target.empty())
     {
-        // The new contents are in place whatever comes of it; only a power failure in the
-        // next seconds could still bring back the old ones, and those are whole too.
-        std::ignore = operations.Sync(folderFile);
-        std::ignore = operations.Close(folderFile);
+        return Failed(path.empty() ? ENOENT : ELOOP);
     }
-    return Outcome::Done;
+    struct stat old = {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (!exists && errno != ENOENT)
+    {
+        return Failed(errno);
+    }
+    if (exists && S_ISDIR(old.st_mode))
+    {
+        return Failed(EISDIR);
+    }
+    if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+    {
+        return Failed(errno);
+    }
+    if (exists && !S_ISREG(old.st_mode))
+    {
+        return WriteInPlace(operations, target, pieces, false, before);
+    }
+    bool called = false;
+    const BeforeReplacing once = [&]
+    {
+        if (before && !std::exchange(called, true))
+        {
+            before();
+        }
+    };
+    const Outcome outcome = ReplaceByNewFile(operations, target, exists ? &old : nullptr, pieces, once);
+    const bool inPlace = outcome.kind == Outcome::Kind::NotPossibleHere && exists;
+    return inPlace ? WriteInPlace(operations, target, pieces, true, once) : outcome;
 }
 
 } // namespace
 
 bool ReplaceFileWith(FileOperations& operations, const std::string& path, std::string_view bytes)
 {
-    return ReplaceFileWith(operations, path, Pieces(&bytes, 1));
+    FileCause cause = FileCause::None;
+    return ReplaceFileWith(operations, path, Pieces(&bytes, 1), {}, cause);
 }
 
-bool ReplaceFileWith(FileOperations& operations, const std::string& path, Pieces pieces)
+bool ReplaceFileWith(FileOperations& operations, const std::string& path, Pieces pieces, const BeforeReplacing& before,
+                     FileCause& cause)
 {
-    const std::string target = FollowLinks(path);
-    if (target.empty())
-    {
-        return false;
-    }
-    struct stat old = {};
-    const bool exists = ::stat(target.c_str(), &old) == 0;
-    if (!exists && errno != ENOENT)
-    {
-        return false;
-    }
-    if (exists && (S_ISDIR(old.st_mode) || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
-    {
-        return false;
-    }
-    if (exists && !S_ISREG(old.st_mode))
-    {
-        return WriteInPlace(operations, target, pieces, false);
-    }
-    switch (ReplaceByNewFile(operations, target, exists ? &old : nullptr, pieces))
-    {
-    case Outcome::Done:
-        return true;
-    case Outcome::NotPossibleHere:
-        return exists && WriteInPlace(operations, target, pieces, true);
-    case Outcome::Failed:
-        break;
-    }
-    return false;
+    const Outcome outcome = Replace(operations, path, pieces, before);
+    const bool done = outcome.kind == Outcome::Kind::Done;
+    // A write that takes nothing gives no error of its own.
+    cause = done ? FileCause::None : CauseOf(outcome.error != 0 ? outcome.error : EIO);
+    return done;
 }
 
 } // namespace Platform::Posix
@@ -346,8 +282,15 @@ bool SaveFileWhole(const std::wstring& path, std::string_view bytes)
 
 bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces)
 {
+    FileCause cause = FileCause::None;
+    return SaveFileWhole(path, pieces, {}, cause);
+}
+
+bool SaveFileWhole(const std::wstring& path, std::span<const std::string_view> pieces, const BeforeReplacing& before,
+                   FileCause& cause)
+{
     Posix::FileOperations operations;
-    return Posix::ReplaceFileWith(operations, NativePath(path).native(), pieces);
+    return Posix::ReplaceFileWith(operations, NativePath(path).native(), pieces, before, cause);
 }
 
 } // namespace Platform

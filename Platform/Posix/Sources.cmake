@@ -13,13 +13,16 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/CompoundFile/SectorChain.cpp
     Posix/CompoundFile/StorageTree.cpp
     Posix/CompoundFile/WriteStorage.cpp
+    Posix/CopyFile.cpp
     Posix/Descriptor.cpp
     Posix/Desktop.cpp
     Posix/ElfFile.cpp
     Posix/Environment.cpp
+    Posix/FileError.cpp
     Posix/FileLock.cpp
     Posix/FileOperations.cpp
     Posix/Files.cpp
+    Posix/Folders.cpp
     Posix/Hash.cpp
     Posix/HeldFile.cpp
     Posix/Help.cpp
@@ -40,6 +43,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/SingleInstance.cpp
     Posix/StandardFile.cpp
     Posix/StructuredStorage.cpp
+    Posix/TemporaryFile.cpp
     Posix/WriteAccess.cpp)
 set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 

@@ -3,6 +3,7 @@
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -101,6 +102,55 @@ TEST(FilesTest, DeletedMeansGoneAfterwards)
     EXPECT_FALSE(PathExists(folder.File(L"a")));
     EXPECT_TRUE(DeleteFileAt(folder.File(L"a")));
     EXPECT_FALSE(DeleteFileAt(folder.Path()));
+}
+
+TEST(FilesTest, NamesInAFolderAreThoseOfFilesAndFolders)
+{
+    const ::TemporaryFolder folder;
+    ASSERT_TRUE(NamesInFolder(folder.Path()));
+    EXPECT_TRUE(NamesInFolder(folder.Path())->empty());
+    WriteBytes(folder.File(L".hidden"), "");
+    WriteBytes(folder.File(L"\u00c4\u65e5 b.vrf"), "");
+    EXPECT_TRUE(MakeFolder(folder.File(L"inner")));
+    auto names = NamesInFolder(folder.Path());
+    ASSERT_TRUE(names);
+    std::sort(names->begin(), names->end());
+    EXPECT_EQ(*names, (std::vector<std::wstring>{ L".hidden", L"inner", L"\u00c4\u65e5 b.vrf" }));
+    EXPECT_FALSE(NamesInFolder(folder.File(L"missing")));
+    EXPECT_FALSE(NamesInFolder(folder.File(L".hidden")));
+}
+
+TEST(FilesTest, ResolvedPathIsTheSameForEveryWayToAFile)
+{
+    const ::TemporaryFolder folder;
+    WriteBytes(folder.File(L"a.vrf"), "");
+    const std::wstring path = ResolvedPath(folder.File(L"a.vrf"));
+    EXPECT_EQ(FileNamePart(path), L"a.vrf");
+    EXPECT_TRUE(IsAbsolutePath(path));
+    std::filesystem::create_symlink("a.vrf", NativePath(folder.File(L"link.vrf")));
+    EXPECT_EQ(ResolvedPath(folder.File(L"link.vrf")), path);
+    const std::wstring separator(1, PathSeparator);
+    EXPECT_EQ(ResolvedPath(folder.Path() + separator + L"." + separator + L"a.vrf"), path);
+    EXPECT_EQ(ResolvedPath(folder.File(L"missing")), folder.File(L"missing"));
+    EXPECT_EQ(ResolvedPath(L""), L"");
+}
+
+TEST(FilesTest, ContentsAreTheSameIfEveryByteIs)
+{
+    const ::TemporaryFolder folder;
+    std::string bytes(600'000, 'x');
+    WriteBytes(folder.File(L"a"), bytes);
+    WriteBytes(folder.File(L"b"), bytes);
+    EXPECT_TRUE(HaveSameContents(folder.File(L"a"), folder.File(L"b")));
+    EXPECT_TRUE(HaveSameContents(folder.File(L"a"), folder.File(L"a")));
+    bytes.back() = 'y';
+    WriteBytes(folder.File(L"b"), bytes);
+    EXPECT_FALSE(HaveSameContents(folder.File(L"a"), folder.File(L"b")));
+    bytes.pop_back();
+    WriteBytes(folder.File(L"b"), bytes);
+    EXPECT_FALSE(HaveSameContents(folder.File(L"a"), folder.File(L"b")));
+    EXPECT_FALSE(HaveSameContents(folder.File(L"a"), folder.File(L"missing")));
+    EXPECT_FALSE(HaveSameContents(folder.Path(), folder.Path()));
 }
 
 TEST(FilesTest, TemporaryFolderEndsInASeparator)

@@ -1,15 +1,18 @@
 #include "Platform/Files.h"
 #include "Platform/Posix/FileOperations.h"
+#include "tests/Platform/Posix/FaultyOperations.h"
 #include "tests/Platform/Posix/TestProcess.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
-#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <span>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -20,85 +23,6 @@ using namespace Platform::Posix;
 
 namespace
 {
-
-/// Passes everything on, but for one call of one kind, which fails.
-class FaultyOperations : public FileOperations
-{
-public:
-    enum class Call
-    {
-        None,
-        Open,
-        Read,
-        Write,
-        ChangeOwner,
-        Reserve,
-        Truncate,
-        Sync,
-        Close,
-        Rename,
-    };
-
-    FaultyOperations(Call call, int number, int error) : m_call(call), m_number(number), m_error(error) {}
-
-    bool HasFailed() const { return m_number <= 0; }
-    const std::vector<Call>& Calls() const { return m_calls; }
-
-    /// No more bytes than this go through one call.
-    std::size_t mostAtOnce = SIZE_MAX;
-
-    int Open(const std::string& path, int flags, mode_t mode) override
-    {
-        return Fails(Call::Open) ? -1 : FileOperations::Open(path, flags, mode);
-    }
-    ssize_t Read(int file, void* data, std::size_t size) override
-    {
-        return Fails(Call::Read) ? -1 : FileOperations::Read(file, data, std::min(size, mostAtOnce));
-    }
-    ssize_t Write(int file, const void* data, std::size_t size) override
-    {
-        return Fails(Call::Write) ? -1 : FileOperations::Write(file, data, std::min(size, mostAtOnce));
-    }
-    int ChangeOwner(int file, uid_t user, gid_t group) override
-    {
-        return Fails(Call::ChangeOwner) ? -1 : FileOperations::ChangeOwner(file, user, group);
-    }
-    int Reserve(int file, off_t size) override
-    {
-        return Fails(Call::Reserve) ? -1 : FileOperations::Reserve(file, size);
-    }
-    int Truncate(int file, off_t size) override
-    {
-        return Fails(Call::Truncate) ? -1 : FileOperations::Truncate(file, size);
-    }
-    int Sync(int file) override { return Fails(Call::Sync) ? -1 : FileOperations::Sync(file); }
-    int Close(int file) override
-    {
-        const int result = FileOperations::Close(file);
-        return Fails(Call::Close) ? -1 : result;
-    }
-    int Rename(const std::string& from, const std::string& to) override
-    {
-        return Fails(Call::Rename) ? -1 : FileOperations::Rename(from, to);
-    }
-
-private:
-    bool Fails(Call call)
-    {
-        m_calls.push_back(call);
-        const bool fails = call == m_call && --m_number == 0;
-        if (fails)
-        {
-            errno = m_error;
-        }
-        return fails;
-    }
-
-    Call m_call;
-    int m_number;
-    int m_error;
-    std::vector<Call> m_calls;
-};
 
 using Call = FaultyOperations::Call;
 
@@ -460,6 +384,172 @@ TEST_F(ReplaceFileFaultTest, FileWithoutASizeIsReadToItsEnd)
 TEST_F(ReplaceFileFaultTest, DeviceIsNotRead)
 {
     EXPECT_FALSE(ReadWholeFile(L"/dev/zero"));
+}
+
+TEST_F(ReplaceFileFaultTest, WhatIsToBeDoneBeforeReplacingFindsTheOldContentsAndTheNewOnesOnTheDisk)
+{
+    FaultyOperations operations(Call::None, 1, 0);
+    std::string found;
+    std::vector<Call> callsBefore;
+    FileCause cause = FileCause::Generic;
+    const std::string_view contents = "new and whole";
+    const auto before = [&]
+    {
+        found += ReadBytes(m_path);
+        callsBefore = operations.Calls();
+    };
+    EXPECT_TRUE(ReplaceFileWith(operations, m_native, std::span(&contents, 1), before, cause));
+    EXPECT_EQ(found, "the old contents");
+    EXPECT_EQ(callsBefore, (std::vector<Call>{ Call::Open, Call::Write, Call::Sync, Call::Close }));
+    EXPECT_EQ(cause, FileCause::None);
+    EXPECT_EQ(ReadBytes(m_path), "new and whole");
+}
+
+TEST_F(ReplaceFileFaultTest, NothingIsDoneBeforeReplacingWhereNothingIsReplaced)
+{
+    const std::string_view contents = "x";
+    FileCause cause = FileCause::None;
+    const auto never = [] { ADD_FAILURE() << "there is nothing to be done"; };
+    FaultyOperations fullDisk(Call::Write, 1, ENOSPC);
+    EXPECT_FALSE(ReplaceFileWith(fullDisk, m_native, std::span(&contents, 1), never, cause));
+    FaultyOperations faultless(Call::None, 1, 0);
+    const std::string fresh = NativePath(m_folder.File(L"new.vrf")).native();
+    EXPECT_TRUE(ReplaceFileWith(faultless, fresh, std::span(&contents, 1), never, cause));
+    EXPECT_TRUE(ReplaceFileWith(faultless, "/dev/null", std::span(&contents, 1), never, cause));
+}
+
+TEST_F(ReplaceFileFaultTest, WhatIsToBeDoneBeforeReplacingIsDoneOnceAndBeforeAFileIsWrittenInPlace)
+{
+    for (const Call call : { Call::Open, Call::Rename })
+    {
+        WriteBytes(m_path, "the old contents");
+        FaultyOperations operations(call, 1, EACCES);
+        std::string found;
+        FileCause cause = FileCause::None;
+        const std::string_view contents = "new and whole";
+        EXPECT_TRUE(ReplaceFileWith(
+            operations, m_native, std::span(&contents, 1), [&] { found += ReadBytes(m_path); }, cause));
+        EXPECT_TRUE(operations.HasFailed());
+        EXPECT_EQ(found, "the old contents");
+        EXPECT_EQ(ReadBytes(m_path), "new and whole");
+    }
+}
+
+TEST_F(ReplaceFileFaultTest, TheCauseOfAFailureIsTold)
+{
+    const std::string_view contents = "x";
+    FileCause cause = FileCause::None;
+    const auto replace = [&](Call call, int error, const std::string& path)
+    {
+        FaultyOperations operations(call, 1, error);
+        EXPECT_FALSE(ReplaceFileWith(operations, path, std::span(&contents, 1), {}, cause));
+        return cause;
+    };
+    EXPECT_EQ(replace(Call::Open, ENOSPC, m_native), FileCause::DiskFull);
+    EXPECT_EQ(replace(Call::Write, EDQUOT, m_native), FileCause::DiskFull);
+    EXPECT_EQ(replace(Call::Sync, EIO, m_native), FileCause::Generic);
+    EXPECT_EQ(replace(Call::Close, ENOSPC, m_native), FileCause::DiskFull);
+    EXPECT_EQ(replace(Call::Rename, EROFS, m_native), FileCause::AccessDenied);
+    EXPECT_EQ(replace(Call::None, 0, NativePath(m_folder.Path()).native()), FileCause::AccessDenied);
+    EXPECT_EQ(replace(Call::None, 0, NativePath(m_folder.File(L"gone/x.vrf")).native()), FileCause::FileNotFound);
+    EXPECT_EQ(replace(Call::None, 0, ""), FileCause::FileNotFound);
+}
+
+TEST_F(ReplaceFileFaultTest, AWriteThatTakesNothingIsAFailure)
+{
+    struct NothingTaken : FileOperations
+    {
+        ssize_t Write(int, const void*, std::size_t) override
+        {
+            errno = 0;
+            return 0;
+        }
+    };
+    NothingTaken operations;
+    FileCause cause = FileCause::None;
+    const std::string_view contents = "x";
+    EXPECT_FALSE(ReplaceFileWith(operations, m_native, std::span(&contents, 1), {}, cause));
+    EXPECT_EQ(cause, FileCause::Generic);
+    EXPECT_EQ(ReadBytes(m_path), "the old contents");
+}
+
+/// Files like those that a process leaves behind that was ended while it saved.
+class LeftOverFileTest : public ReplaceFileFaultTest
+{
+protected:
+    void Leave(const std::wstring& name, int ageInMinutes) const
+    {
+        const std::wstring path = m_folder.File(name);
+        WriteBytes(path, "half of");
+        std::filesystem::last_write_time(NativePath(path), std::filesystem::file_time_type::clock::now() -
+                                                               std::chrono::minutes(ageInMinutes));
+    }
+
+    bool IsThere(const std::wstring& name) const { return PathExists(m_folder.File(name)); }
+
+    static constexpr const wchar_t* Name = L".vantrel-0123456789abcdef";
+};
+
+TEST_F(LeftOverFileTest, IsRemovedByTheNextSaveInItsFolder)
+{
+    Leave(Name, 20);
+    Leave(L".vantrel-00000000ffffffff", 60 * 24 * 365);
+    EXPECT_TRUE(SaveFileWhole(m_folder.File(L"another.vrf"), "x"));
+    EXPECT_FALSE(IsThere(Name));
+    EXPECT_FALSE(IsThere(L".vantrel-00000000ffffffff"));
+    EXPECT_EQ(ReadBytes(m_path), "the old contents");
+    EXPECT_EQ(CountEntries(), 2u);
+}
+
+TEST_F(LeftOverFileTest, StaysWhileItMayStillBeWritten)
+{
+    Leave(Name, 1);
+    Leave(L".vantrel-00000000ffffffff", 20);
+    const int file = ::open(NativePath(m_folder.File(L".vantrel-00000000ffffffff")).c_str(), O_RDONLY);
+    ASSERT_EQ(::flock(file, LOCK_EX), 0);
+    EXPECT_TRUE(SaveFileWhole(m_path, "x"));
+    EXPECT_TRUE(IsThere(Name));
+    EXPECT_TRUE(IsThere(L".vantrel-00000000ffffffff"));
+    ::close(file);
+}
+
+TEST_F(LeftOverFileTest, IsNoneOfAnotherNameOrKind)
+{
+    const std::vector<std::wstring> names = { L".vantrel-0123456789abcde",      L".vantrel-0123456789abcdef0",
+                                              L".vantrel-0123456789ABCDEF",     L"vantrel-0123456789abcdef",
+                                              L".vantrel-0123456789abcdef.vrf", L".vantrel-" };
+    for (const std::wstring& name : names)
+    {
+        Leave(name, 60);
+    }
+    std::filesystem::create_directory(NativePath(m_folder.File(L".vantrel-aaaaaaaaaaaaaaaa")));
+    std::filesystem::create_symlink("rules.vrf", NativePath(m_folder.File(L".vantrel-bbbbbbbbbbbbbbbb")));
+    EXPECT_TRUE(SaveFileWhole(m_path, "x"));
+    EXPECT_EQ(CountEntries(), names.size() + 3);
+}
+
+TEST_F(LeftOverFileTest, IsKnownByItsLockWhileItIsBeingWritten)
+{
+    struct Watching : FileOperations
+    {
+        std::wstring folder;
+        int locked = 0;
+        int Sync(int file) override
+        {
+            for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder)))
+            {
+                const int other = ::open(entry.path().c_str(), O_RDONLY);
+                locked += entry.path().filename().string().starts_with(".vantrel-") &&
+                          ::flock(other, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+                ::close(other);
+            }
+            return FileOperations::Sync(file);
+        }
+    };
+    Watching operations;
+    operations.folder = m_folder.Path();
+    EXPECT_TRUE(ReplaceFileWith(operations, m_native, "x"));
+    EXPECT_EQ(operations.locked, 1);
 }
 
 } // namespace
