@@ -1,13 +1,14 @@
 #pragma once
 
+#include "Document/LocalClock.h"
 #include "Document/RuleTable.h"
 #include "Document/TreeRootRule.h"
+#include "Platform/Files.h"
 
 #include <Vantrel/PointerArray.h>
 #include <Vantrel/RuleUnits.h>
 
 #include <cstdint>
-#include <ctime>
 #include <memory>
 #include <string>
 
@@ -18,12 +19,6 @@ class QoxXMLListWriter;
 class QoxXMLNode;
 class RuleElementReader;
 class RulesDigest;
-
-/// Tells the local time.
-using LocalClock = std::tm (*)();
-
-/// The system's local time.
-std::tm CurrentLocalTime();
 
 /// Header record of a rule file and container of its rules; reads and writes rule files.
 ///
@@ -83,9 +78,13 @@ public:
     bool LoadRuleList(const std::wstring& path);
 
     /// Writes the rules that aren't marked as deleted. False if there is no application, no
-    /// path, no framework library or a password that is too long; a file that can't be
-    /// written is not noticed. The path is in the system code page.
-    bool WriteRuleFile(const std::string& path);
+    /// path, no framework library or a password that is too long. A file that can't be
+    /// written makes no difference here; `WriteFailure` tells of it. The path is in the
+    /// system code page. `beforeReplacing` is called before the old file goes.
+    bool WriteRuleFile(const std::string& path, const Platform::BeforeReplacing& beforeReplacing = {});
+
+    /// Why the last `WriteRuleFile` could not write the file, which is as it was then.
+    Platform::FileCause WriteFailure() const { return m_writeFailure; }
 
     /// Writes the file of user-defined rules. False for an empty path or a password that is
     /// too long.
@@ -160,4 +159,5 @@ private:
     RuleTable m_rules;
     IUserPrompt* m_prompt; // owned by the program
     LocalClock m_clock;
+    Platform::FileCause m_writeFailure = Platform::FileCause::None;
 };

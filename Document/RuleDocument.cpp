@@ -31,6 +31,22 @@ bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
     return Platform::FromCodePage(narrowPath) == path;
 }
 
+/// What a file that could not be written means to whoever saves.
+RuleDocument::SaveFailure FailureOfWrite(Platform::FileCause cause)
+{
+    switch (cause)
+    {
+    case Platform::FileCause::None:
+        return RuleDocument::SaveFailure::None;
+    case Platform::FileCause::AccessDenied:
+        return RuleDocument::SaveFailure::NotWritable;
+    case Platform::FileCause::DiskFull:
+        return RuleDocument::SaveFailure::DiskFull;
+    default:
+        return RuleDocument::SaveFailure::WriteFailed;
+    }
+}
+
 } // namespace
 
 RuleDocument::RuleDocument(IUserPrompt* prompt)
@@ -87,7 +103,8 @@ RuleDocument::SaveFailure RuleDocument::Save(const std::wstring& path)
     const SaveFailure failure = Write(path);
     if (failure != SaveFailure::Told)
     {
-        m_access.TakeAfterSaving(path);
+        // After a failure the document is still that of the file that it was opened from.
+        m_access.TakeAfterSaving(failure == SaveFailure::None ? path : m_strOpenPath);
     }
     if (failure == SaveFailure::None)
     {
@@ -133,7 +150,7 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         return SaveFailure::NotWritten;
     }
-    return SaveFailure::None;
+    return FailureOfWrite(record.WriteFailure());
 }
 
 void RuleDocument::LoadUserRules()

@@ -43,11 +43,13 @@ public:
         NotWritable, ///< The file or its folder refuses writing.
         Told,        ///< It isn't to be had or its password wasn't given, which the user knows.
         NotWritten,  ///< There is no framework library to write with.
+        DiskFull,    ///< There is no room for the new file.
+        WriteFailed, ///< The new file could not be brought to the disk.
     };
 
     /// Writes the rules of the rule list, once the user has given the password of a
     /// protected document. The file is let go of for the time of the write, and stays so if
-    /// the password is refused.
+    /// the password is refused. After any failure it is what it was.
     SaveFailure Save(const std::wstring& path);
 
     /// Reads `UserDefinedFile.xml`, which is made if it doesn't exist, and appends its rules

@@ -65,8 +65,9 @@ void CQOXRMLumeq::AppendHeaderAttributes(QoxXMLNode& root) const
     root.AddAttribute1(RuleFileNames::Version, RuleFileNames::VersionText);
 }
 
-bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
+bool CQOXRMLumeq::WriteRuleFile(const std::string& path, const Platform::BeforeReplacing& beforeReplacing)
 {
+    m_writeFailure = Platform::FileCause::None;
     if (g_pApp == nullptr || path.empty() || !CanWritePassword())
     {
         return false;
@@ -102,9 +103,13 @@ bool CQOXRMLumeq::WriteRuleFile(const std::string& path)
         WriteDigest(*root, digest);
     }
 
-    // A failed write is not reported: the old file is still whole then, and the lock on it
-    // and the caller's state must go on as after any save.
-    std::ignore = writer.Save1(path.c_str());
+    // A failed write is no failure of the writing of rules, and the old file is still whole:
+    // whoever has a user to tell asks for it.
+    std::int32_t cause = 0;
+    if (!writer.Save1(path.c_str(), beforeReplacing, cause))
+    {
+        m_writeFailure = static_cast<Platform::FileCause>(cause);
+    }
     XmlOperation::End();
     return true;
 }
@@ -128,7 +133,7 @@ bool CQOXRMLumeq::WriteUserFile(const std::wstring& path)
     }
     QoxXMLListWriter writer(*root);
     AppendRules(writer, rules, [](const CQoxRule&, const QoxXMLNode&) {});
-    std::ignore = writer.Save1(narrowPath.c_str()); // as for rule files
+    std::ignore = writer.Save1(narrowPath.c_str()); // what was there is still whole if it fails
     XmlOperation::End();
     return true;
 }

@@ -61,6 +61,12 @@ void QoxXMLListWriter::Append(QoxXMLNode& child)
 
 bool QoxXMLListWriter::Save(const std::wstring& path)
 {
+    std::int32_t cause = 0;
+    return Save(path, {}, cause);
+}
+
+bool QoxXMLListWriter::Save(const std::wstring& path, const std::function<void()>& beforeReplacing, std::int32_t& cause)
+{
     Blocks rootText;
     VantrelXml::NodeAccess::NodeOf(m_root).print(rootText, VantrelXml::Indentation, pugi::format_indent,
                                                  pugi::encoding_utf8);
@@ -79,10 +85,18 @@ bool QoxXMLListWriter::Save(const std::wstring& path)
     std::vector<std::string_view> pieces = { start };
     pieces.insert(pieces.end(), m_blocks->texts.begin(), m_blocks->texts.end());
     pieces.push_back(end);
-    return Platform::SaveFileWhole(path, pieces);
+    Platform::FileCause fileCause = Platform::FileCause::None;
+    const bool saved = Platform::SaveFileWhole(path, pieces, beforeReplacing, fileCause);
+    cause = static_cast<std::int32_t>(fileCause);
+    return saved;
 }
 
 bool QoxXMLListWriter::Save1(const char* path)
 {
     return path != nullptr && Save(Platform::FromCodePage(path));
+}
+
+bool QoxXMLListWriter::Save1(const char* path, const std::function<void()>& beforeReplacing, std::int32_t& cause)
+{
+    return Save(path != nullptr ? Platform::FromCodePage(path) : std::wstring(), beforeReplacing, cause);
 }

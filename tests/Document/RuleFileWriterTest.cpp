@@ -152,9 +152,12 @@ TEST_F(RuleFileWriterTest, WithoutAnApplicationOrAPathNothingIsWritten)
     EXPECT_EQ(ReadBytes(path), EmptyFile);
 }
 
-TEST_F(RuleFileWriterTest, AFailedWriteIsNotNoticed)
+TEST_F(RuleFileWriterTest, AFailedWriteMakesNoDifference)
 {
     EXPECT_TRUE(record.WriteRuleFile(ToNarrow(folder.File(L"missing") + L"/rules.vrf")));
+    EXPECT_EQ(record.WriteFailure(), Platform::FileCause::FileNotFound) << "but it can be asked for";
+    EXPECT_TRUE(Write());
+    EXPECT_EQ(record.WriteFailure(), Platform::FileCause::None);
 }
 
 TEST_F(RuleFileWriterTest, EachRuleIsLoggedInARuleFileAndNoneInTheUsersFile)

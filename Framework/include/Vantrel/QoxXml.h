@@ -2,6 +2,8 @@
 
 #include <Vantrel/Export.h>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -139,6 +141,12 @@ public:
     /// Writes the file whole, or leaves it as it was and gives false.
     bool Save(const std::wstring& path);
     bool Save1(const char* path);
+
+    /// Same. `beforeReplacing` is called when everything but taking the place of a file that
+    /// is there has been done, which it may keep. `cause` gets the number of the system's
+    /// file errors for a failure (13 is a full disk), else 0.
+    bool Save(const std::wstring& path, const std::function<void()>& beforeReplacing, std::int32_t& cause);
+    bool Save1(const char* path, const std::function<void()>& beforeReplacing, std::int32_t& cause);
 
 private:
     struct Blocks;
