@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace
@@ -49,8 +50,9 @@ RuleDocument::SaveFailure FailureOfWrite(Platform::FileCause cause)
 
 } // namespace
 
-RuleDocument::RuleDocument(IUserPrompt* prompt)
-    : m_prompt(prompt), m_header(prompt), m_unitsOfFile(m_header.newRuleUnits), m_access(prompt)
+RuleDocument::RuleDocument(IUserPrompt* prompt, KeptVersions keptVersions)
+    : m_prompt(prompt), m_header(prompt), m_unitsOfFile(m_header.newRuleUnits), m_access(prompt),
+      m_keptVersions(std::move(keptVersions))
 {
 }
 
@@ -146,7 +148,9 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         record.SetPassword(m_strPassword);
     }
-    if (!record.WriteRuleFile(narrowPath))
+    // Keeping comes when the new file is on the disk: it never takes the room that the save
+    // needs, and a failure to keep, which the log tells of, doesn't hinder the save.
+    if (!record.WriteRuleFile(narrowPath, [&] { std::ignore = m_keptVersions.Keep(path); }))
     {
         return SaveFailure::NotWritten;
     }

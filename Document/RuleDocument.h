@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Document/KeptVersions.h"
 #include "Document/Lumeq.h"
 #include "Document/RuleFileAccess.h"
 #include "Document/RuleList.h"
@@ -16,8 +17,8 @@ class IUserPrompt;
 class RuleDocument
 {
 public:
-    /// `prompt` is not owned and may be null.
-    explicit RuleDocument(IUserPrompt* prompt = nullptr);
+    /// `prompt` is not owned and may be null. `keptVersions` keeps what saves replace.
+    explicit RuleDocument(IUserPrompt* prompt = nullptr, KeptVersions keptVersions = KeptVersions());
 
     /// Gives the rules that it still has back to their modules.
     ~RuleDocument();
@@ -48,8 +49,9 @@ public:
     };
 
     /// Writes the rules of the rule list, once the user has given the password of a
-    /// protected document. The file is let go of for the time of the write, and stays so if
-    /// the password is refused. After any failure it is what it was.
+    /// protected document. The version that is replaced is kept. The file is let go of for
+    /// the time of the write, and stays so if the password is refused. After any failure it
+    /// is what it was.
     SaveFailure Save(const std::wstring& path);
 
     /// Reads `UserDefinedFile.xml`, which is made if it doesn't exist, and appends its rules
@@ -111,6 +113,7 @@ private:
     RuleList m_ruleList;
     PointerArray m_userRules; // owned
     RuleFileAccess m_access;
+    KeptVersions m_keptVersions;
     std::wstring m_strOpenPath;
     bool m_bPasswordChecked = false; ///< The password has been settled in this run.
     std::wstring m_strPassword;

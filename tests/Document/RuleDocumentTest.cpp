@@ -259,6 +259,77 @@ TEST_F(RuleDocumentTest, ReleasingTheRowsOfAViewDeletesEachRuleOnce)
     EXPECT_EQ(document.UserRules().GetSize(), 0);
 }
 
+TEST_F(RuleDocumentTest, ASaveKeepsTheVersionThatItReplacesWithTheRulesThatItLeavesOut)
+{
+    const std::string withUnknownRule = "<Lumeq><Rule RuleModule=\"Gone Module\" RuleName=\"Lost?\"/></Lumeq>";
+    WriteBytes(path, withUnknownRule);
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_EQ(ReadBytes(path).find("Lost?"), std::string::npos);
+    const std::vector<std::wstring> versions = KeptVersions().VersionsOf(path);
+    ASSERT_EQ(versions.size(), 1U);
+    EXPECT_EQ(ReadBytes(versions[0]), withUnknownRule);
+}
+
+TEST_F(RuleDocumentTest, SaveAsOverAnotherFileKeepsThatOneToo)
+{
+    const std::wstring other = folder.File(L"other.vrf");
+    WriteBytes(path, "<Lumeq Unit=\"3\"/>");
+    WriteBytes(other, "what was there");
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(other), RuleDocument::SaveFailure::None);
+    const std::vector<std::wstring> versions = KeptVersions().VersionsOf(other);
+    ASSERT_EQ(versions.size(), 1U);
+    EXPECT_EQ(ReadBytes(versions[0]), "what was there");
+    EXPECT_TRUE(KeptVersions().VersionsOf(path).empty()) << "it was not replaced";
+}
+
+TEST_F(RuleDocumentTest, ASaveThatReplacesNothingKeepsNothing)
+{
+    RuleDocument document;
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_TRUE(KeptVersions().VersionsOf(path).empty());
+}
+
+TEST_F(RuleDocumentTest, TheFileOfUserDefinedRulesIsNoRuleFileAndIsNotKept)
+{
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq/>");
+    EXPECT_TRUE(CQOXRMLumeq().WriteUserFile(UserDefinedRuleFilePath()));
+    EXPECT_TRUE(KeptVersions().VersionsOf(UserDefinedRuleFilePath()).empty());
+}
+
+TEST_F(RuleDocumentTest, AVersionThatCannotBeKeptDoesNotHinderTheSave)
+{
+    WriteBytes(path, "<Lumeq Unit=\"3\"/>");
+    const KeptVersions failing(folder.File(L"kept"), CurrentLocalTime,
+                               [](const std::wstring&, const std::wstring&) { return false; });
+    RuleDocument document(nullptr, failing);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_NE(ReadBytes(path).find("Version="), std::string::npos);
+}
+
+TEST_F(RuleDocumentTest, ASaveThatFailsWhenTheNewFileTakesThePlaceIsToldAndTheDocumentStaysWithItsFile)
+{
+    const std::wstring other = folder.File(L"other.vrf");
+    WriteBytes(path, "<Lumeq Unit=\"3\"/>");
+    WriteBytes(other, "what was there");
+    // In the moment before, a folder comes into the file's place.
+    const KeptVersions keeping(folder.File(L"kept"), CurrentLocalTime,
+                               [](const std::wstring& from, const std::wstring&)
+                               { return Platform::DeleteFileAt(from) && Platform::MakeFolder(from); });
+    RuleDocument document(nullptr, keeping);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(other), RuleDocument::SaveFailure::NotWritable);
+    EXPECT_EQ(document.OpenPath(), path);
+    Platform::FileCause cause = Platform::FileCause::None;
+    EXPECT_EQ(Platform::HeldFile::Open(path, cause), nullptr) << "the document holds it again";
+    EXPECT_EQ(cause, Platform::FileCause::SharingViolation);
+    EXPECT_EQ(ReadBytes(path), "<Lumeq Unit=\"3\"/>");
+}
+
 TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)
 {
     WriteBytes(path, "<Lumeq/>");

@@ -2,6 +2,7 @@
 
 #include "Modules/FrameworkLibrary.h"
 #include "Platform/Files.h"
+#include "Platform/Process.h"
 #include "Platform/Text.h"
 
 void RecordingPrompt::ShowBox(BoxKind /*kind*/, const std::wstring& text, const std::wstring& /*caption*/)
@@ -28,7 +29,8 @@ std::optional<std::wstring> RecordingPrompt::AskPassword(PasswordPurpose purpose
 }
 
 TestApplication::TestApplication()
-    : framework(LoadFrameworkLibrary()), m_dataFolder("vantrel_data_dir", m_folder.Path())
+    : framework(LoadFrameworkLibrary()), m_dataFolder("vantrel_data_dir", m_folder.Path()),
+      m_userData(Platform::UserDataVariable, m_folder.Path())
 {
     g_pApp = this;
 }

@@ -58,6 +58,7 @@ public:
 private:
     TemporaryFolder m_folder;
     ScopedEnvironment m_dataFolder;
+    ScopedEnvironment m_userData; // for what saves keep
     ModuleSet m_modules;
 };
 
