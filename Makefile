@@ -1,11 +1,13 @@
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help setup run test sanitize fuzz bench lint tidy clean
+.PHONY: help setup run test sanitize fuzz bench reliability lint tidy clean
 # Two of the commands at once would build in the same folder.
 .NOTPARALLEL:
 
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
+RELIABILITY_KILLS ?= 200
+RELIABILITY_SEED ?= 20261121
 # Tests whose name matches; all if empty.
 TESTS ?=
 RULE_FILE ?= samples/milled-bracket.vrf
@@ -19,6 +21,7 @@ help:
 	@echo 'make sanitize   the same with address, leak and undefined-behaviour checks'
 	@echo 'make fuzz       runs every fuzz target for FUZZ_SECONDS=60'
 	@echo 'make bench      runs the benchmarks'
+	@echo 'make reliability  ends RELIABILITY_KILLS=200 processes while they save, and has saves fail'
 	@echo 'make lint       checks format, layering, scripts and build lists, and runs clang-tidy'
 	@echo 'make tidy       clang-tidy alone'
 	@echo 'make setup      installs the packages for all of these'
@@ -55,6 +58,13 @@ bench:
 	cmake --preset release -DVANTREL_BUILD_BENCHMARKS=ON
 	cmake --build --preset release --parallel $(JOBS) --target all benchmarks
 	cmake/run-benchmarks.sh build/release
+
+reliability:
+	@$(setup_packages) test
+	cmake --preset test
+	cmake --build --preset test --parallel $(JOBS) --target RuleFileSaver
+	tests/Program/reliability.py build/test/tests/Program/RuleFileSaver \
+		--count $(RELIABILITY_KILLS) --seed $(RELIABILITY_SEED)
 
 lint:
 	@$(setup_packages) lint

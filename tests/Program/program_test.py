@@ -268,6 +268,23 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(read_bytes(path), before)
         self.close(process)
 
+    def test_what_a_save_replaces_is_kept_whole_in_the_users_data_folder(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        before = read_bytes(path)
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("End", "space", "ctrl+s")
+        self.wait_until(lambda: read_bytes(path) != before, "the saved file")
+        self.close(process)
+        kept = os.path.join(self.folder, "home/data/vantrel/KeptVersions")
+        (folder,) = os.listdir(kept)
+        self.assertRegex(folder, "^milled-bracket.vrf-[0-9a-f]{16}$")
+        folder = os.path.join(kept, folder)
+        note, version = sorted(os.listdir(folder), reverse=True)
+        self.assertEqual(read_bytes(os.path.join(folder, note)).decode(), os.path.realpath(path) + "\n")
+        self.assertRegex(version, r"^1 \d{4}-\d\d-\d\d \d\d-\d\d-\d\d [0-9a-f]{8}\.vrf$")
+        self.assertEqual(read_bytes(os.path.join(folder, version)), before)
+
     def test_the_rows_that_are_selected_are_ticked_together(self):
         path = self.copy_sample("milled-bracket.vrf")
         process = self.start(path)
