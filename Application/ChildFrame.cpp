@@ -1,6 +1,18 @@
 #include "Application/ChildFrame.h"
 
-CQOXRMChildFrame::CQOXRMChildFrame(wxDocument* document, wxView* view, wxMDIParentFrame* parent)
+#include "Application/CurrentRuleFile.h"
+
+CQOXRMChildFrame::CQOXRMChildFrame(wxDocument* document, wxView* view, wxMDIParentFrame* parent,
+                                   CurrentRuleFile& currentFile)
     : wxDocMDIChildFrame(document, view, parent, wxID_ANY, document->GetTitle())
 {
+    Bind(wxEVT_ACTIVATE,
+         [this, &currentFile](wxActivateEvent& event)
+         {
+             event.Skip();
+             if (event.GetActive())
+             {
+                 currentFile.OnActivated(GetTitle().ToStdWstring());
+             }
+         });
 }

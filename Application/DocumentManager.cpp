@@ -66,7 +66,7 @@ wxDocument* RuleDocManager::NewFile()
 
 wxWindow* MdiViewFrames::MakeFrame(wxDocument* document, wxView* view)
 {
-    return new CQOXRMChildFrame(document, view, m_parent); // owned by the window system
+    return new CQOXRMChildFrame(document, view, m_parent, m_currentFile); // owned by the window system
 }
 
 void MdiViewFrames::SetStatusText(const wxString& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Application/CurrentRuleFile.h"
 #include "Explorer/ConfigModuleView.h"
 
 #include <wx/docmdi.h>
@@ -39,4 +40,5 @@ public:
 
 private:
     wxDocMDIParentFrame* m_parent = nullptr;
+    CurrentRuleFile m_currentFile;
 };

@@ -1,5 +1,6 @@
 #include "Application/ForwardedFile.h"
 
+#include "Modules/ApplicationGlobals.h"
 #include "Platform/Text.h"
 
 std::optional<std::wstring> ForwardedPath(const void* data, std::size_t size)
@@ -21,4 +22,22 @@ std::optional<std::wstring> ForwardedPath(const void* data, std::size_t size)
         units += unit;
     }
     return Platform::Utf16ToWide(units);
+}
+
+bool TakeForwardedFile(const void* data, std::size_t size, const std::function<void(const std::wstring&)>& open)
+{
+    const std::optional<std::wstring> path = ForwardedPath(data, size);
+    if (!path)
+    {
+        return true;
+    }
+    if (g_bEditInProgress)
+    {
+        return false;
+    }
+    if (!path->empty())
+    {
+        open(*path);
+    }
+    return true;
 }

@@ -108,12 +108,7 @@ void CQOXRMMainFrame::BringForward()
 
 bool CQOXRMMainFrame::OnCopyData(const void* data, std::size_t size)
 {
-    const std::optional<std::wstring> path = ForwardedPath(data, size);
-    if (path && !path->empty())
-    {
-        m_host.OpenDocumentFile(*path);
-    }
-    return true;
+    return TakeForwardedFile(data, size, [this](const std::wstring& path) { m_host.OpenDocumentFile(path); });
 }
 
 void CQOXRMMainFrame::OnDropFiles(wxDropFilesEvent& event)

@@ -37,7 +37,7 @@ public:
     /// Brings the window to the front and restores it if it is minimised.
     void BringForward();
 
-    /// Takes the path that another start sent. False if it can't be taken now.
+    /// Takes the path that another start sent. False while the editor of a rule is open.
     bool OnCopyData(const void* data, std::size_t size);
 
     /// The menu that lists the recent files.

@@ -118,6 +118,12 @@ bool CQOXRMConfigModuleDoc::Save()
     return wxDocument::Save();
 }
 
+bool CQOXRMConfigModuleDoc::Close()
+{
+    // A module's own editor needn't keep the user from the program's windows.
+    return !g_bEditInProgress && wxDocument::Close();
+}
+
 bool CQOXRMConfigModuleDoc::OnCloseDocument()
 {
     if (IRuleView* const view = FirstRuleView())

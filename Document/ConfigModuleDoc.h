@@ -38,6 +38,9 @@ public:
     /// True if there is something that a save would put into the file.
     bool CanBeSaved() const { return !AlreadySaved() || m_rules.HaveUnitsChanged(); }
 
+    /// Refused while the editor of a rule is open.
+    bool Close() override;
+
     /// Sets the modified state and the mark of it in the title.
     void Modify(bool modified) override;
 

@@ -37,3 +37,7 @@ extern QoxXMLDocument* g_pXmlDoc;
 
 /// The command line named a script rule package.
 extern bool g_bScriptRuleFile;
+
+/// The editor of a rule is open. Until it is closed, files that other starts of the program
+/// send are refused, no second editor opens, and no document closes: the rule is in one.
+extern bool g_bEditInProgress;

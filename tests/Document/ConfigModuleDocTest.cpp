@@ -113,6 +113,17 @@ TEST_F(ConfigModuleDocTest, ClosingTheLastDocumentDisablesTheCommandsOnOneRule)
     EXPECT_EQ(application.docOpenState, 0);
 }
 
+TEST_F(ConfigModuleDocTest, NoDocumentClosesWhileTheEditorOfARuleIsOpen)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    g_bEditInProgress = true;
+    EXPECT_FALSE(manager.CloseDocument(&document));
+    EXPECT_FALSE(manager.CloseDocuments(false));
+    g_bEditInProgress = false;
+    EXPECT_EQ(manager.GetDocumentsVector().size(), 1U);
+    EXPECT_TRUE(manager.CloseDocument(&document));
+}
+
 TEST_F(ConfigModuleDocTest, AFileThatCannotBeReadIsNamedAndNotOpened)
 {
     const TemporaryFolder folder;
