@@ -63,6 +63,7 @@ private:
     void NotifyDocuments(CQoxRule* rule, UserRuleChange change, const std::wstring& name);
 
     void OpenDocumentFile(const std::wstring& path) override;
+    bool IsOneRuleSelected() const override { return nDocOpenState != 0; }
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
     void ChangeUnits() override;

@@ -40,6 +40,15 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);
 
+    for (const int command : { CommandEditRule, CommandEditRuleButton })
+    {
+        Bind(
+            wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(m_host.IsOneRuleSelected()); }, command);
+    }
+    // A view answers for its document; this is for when there is none.
+    Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(false); }, CommandSetPassword);
+
     SetName("MainFrame");
     if (!wxPersistenceManager::Get().RegisterAndRestore(this))
     {
@@ -54,7 +63,7 @@ void CQOXRMMainFrame::MakeMenus()
 {
     auto* const menuBar = new wxMenuBar; // owned by the frame
     std::map<TextId, wxMenu*> menus;
-    for (const TextId menuId : { TextId::MenuFile, TextId::MenuView, TextId::MenuHelp })
+    for (const TextId menuId : MenuTable)
     {
         auto* const menu = new wxMenu; // owned by the menu bar
         menus[menuId] = menu;
@@ -62,7 +71,11 @@ void CQOXRMMainFrame::MakeMenus()
     }
     for (const Command& command : CommandTable)
     {
-        wxMenu* const menu = menus[command.menu];
+        if (!command.menu)
+        {
+            continue;
+        }
+        wxMenu* const menu = menus[*command.menu];
         if (command.separatorBefore)
         {
             menu->AppendSeparator();
@@ -80,6 +93,10 @@ void CQOXRMMainFrame::MakeToolBar()
     {
         if (command.toolBarArt != nullptr)
         {
+            if (!command.menu && command.separatorBefore)
+            {
+                toolBar->AddSeparator();
+            }
             toolBar->AddTool(command.id, wxStripMenuCodes(LoadText(command.text), wxStrip_Menu),
                              wxArtProvider::GetBitmapBundle(wxASCII_STR(command.toolBarArt), wxART_TOOLBAR),
                              LoadText(command.tip));

@@ -15,6 +15,8 @@ public:
 
     /// Opens a rule file, or brings its window forward if it is open.
     virtual void OpenDocumentFile(const std::wstring& path) = 0;
+    /// The commands that act on one rule are enabled.
+    virtual bool IsOneRuleSelected() const = 0;
     virtual bool IsLogEnabled() const = 0;
     virtual void ToggleLog() = 0;
 

@@ -184,9 +184,10 @@ void RuleDocument::AddUserRule(CQoxRule* rule)
 
 void RuleDocument::RenameUserRule(const std::wstring& oldName, const std::wstring& newName)
 {
-    const auto found =
-        std::find_if(m_userRules.begin(), m_userRules.end(),
-                     [&oldName](const CQoxRule* rule) { return Platform::EqualsNoCase(rule->m_strRuleName, oldName); });
+    const auto found = std::find_if(m_userRules.begin(), m_userRules.end(),
+                                    [&oldName](const CQoxRule* rule) {
+                                        return rule != nullptr && Platform::EqualsNoCase(rule->m_strRuleName, oldName);
+                                    });
     if (found != m_userRules.end())
     {
         (*found)->m_strRuleName = newName;

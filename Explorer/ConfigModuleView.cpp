@@ -2,6 +2,7 @@
 
 #include "Application/Commands.h"
 #include "Document/ConfigModuleDoc.h"
+#include "Explorer/CutTextTips.h"
 #include "Explorer/ListCtrlEx.h"
 #include "Explorer/RuleText.h"
 #include "Modules/ApplicationGlobals.h"
@@ -12,6 +13,7 @@
 #include <Vantrel/FrameworkFunctions.h>
 
 #include <wx/frame.h>
+#include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/stattext.h>
 
@@ -22,6 +24,7 @@
 wxIMPLEMENT_DYNAMIC_CLASS(CQOXRMConfigModuleView, wxView);
 
 IViewFrames* CQOXRMConfigModuleView::s_frames = nullptr;
+UserRuleDialogFunction CQOXRMConfigModuleView::s_userRuleDialog = nullptr;
 
 namespace
 {
@@ -66,12 +69,31 @@ bool CQOXRMConfigModuleView::OnCreate(wxDocument* document, long flags)
     SetFrame(frame);
     MakeControls();
     m_explorer = std::make_unique<RuleExplorer>(Doc().Rules(), g_pApp->Modules(), *m_ruleList, *this, QueryVSTASupport);
+    if (s_userRuleDialog != nullptr)
+    {
+        m_explorer->SetUserRuleDialog([this, dialog = s_userRuleDialog](ConcreteQOXRule& rule)
+                                      { dialog(m_form, rule); });
+    }
+    BindCommands();
+    frame->Show();
+    return true;
+}
+
+void CQOXRMConfigModuleView::BindCommands()
+{
     Bind(wxEVT_MENU, &CQOXRMConfigModuleView::OnSetPassword, this, CommandSetPassword);
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!Doc().Rules().HasPassword()); },
         CommandSetPassword);
-    frame->Show();
-    return true;
+    for (const int command : EditRuleCommands)
+    {
+        Bind(
+            wxEVT_MENU, [this](wxCommandEvent&) { EditRow(m_ruleList->FirstSelected()); }, command);
+    }
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { TickRow(RowOfCommands(), event.IsChecked()); }, CommandTickRule);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_ruleList->SelectAll(); }, CommandSelectAllRules);
 }
 
 void CQOXRMConfigModuleView::OnSetPassword(wxCommandEvent& /*event*/)
@@ -85,6 +107,68 @@ void CQOXRMConfigModuleView::OnSetPassword(wxCommandEvent& /*event*/)
     {
         Doc().Modify(true); // a document that isn't modified would not be saved
     }
+}
+
+void CQOXRMConfigModuleView::EditRow(int row)
+{
+    m_explorer->EditRow(row);
+    m_ruleList->SetFocus();
+}
+
+void CQOXRMConfigModuleView::TickRow(int row, bool ticked)
+{
+    if (row >= 0)
+    {
+        m_ruleList->SetTicked(row, ticked);
+    }
+}
+
+int CQOXRMConfigModuleView::RowOfCommands() const
+{
+    return m_ruleList->SelectedCount() == 1 ? m_ruleList->FirstSelected() : -1;
+}
+
+std::unique_ptr<wxMenu> CQOXRMConfigModuleView::MakeContextMenu() const
+{
+    const int row = RowOfCommands();
+    auto menu = std::make_unique<wxMenu>();
+    menu->Append(CommandEditRuleHere, LoadText(TextId::CommandEditRuleHere));
+    menu->AppendCheckItem(CommandTickRule, LoadText(TextId::CommandTickRule));
+    menu->AppendSeparator();
+    menu->Append(CommandSelectAllRules, LoadText(TextId::CommandSelectAllRules));
+    menu->Enable(CommandEditRuleHere, row >= 0);
+    menu->Enable(CommandTickRule, row >= 0);
+    menu->Check(CommandTickRule, row >= 0 && m_ruleList->IsTicked(row));
+    menu->Enable(CommandSelectAllRules, m_ruleList->RowCount() > 0);
+    return menu;
+}
+
+void CQOXRMConfigModuleView::OnContextMenu(wxContextMenuEvent& event)
+{
+    if (m_ruleList->SelectedCount() > 1)
+    {
+        return;
+    }
+    wxPoint place = m_ruleList->ScreenToClient(event.GetPosition());
+    if (event.GetPosition() == wxDefaultPosition) // asked for by a key
+    {
+        place = { 0, 0 };
+        const int row = std::max(RowOfCommands(), 0);
+        wxRect rect;
+        if (row < m_ruleList->RowCount())
+        {
+            m_ruleList->EnsureVisible(row);
+            m_ruleList->GetItemRect(row, rect);
+            place = { rect.GetLeft() + Margin, rect.GetBottom() };
+        }
+    }
+    const std::unique_ptr<wxMenu> menu = MakeContextMenu();
+    m_ruleList->PopupMenu(menu.get(), place);
+}
+
+void CQOXRMConfigModuleView::SortAgain()
+{
+    m_ruleList->SortAgain();
 }
 
 void CQOXRMConfigModuleView::MakeControls()
@@ -104,7 +188,11 @@ void CQOXRMConfigModuleView::MakeControls()
     }
     m_summaryList->AppendColumn(wxString(), wxLIST_FORMAT_LEFT, SummaryStartWidth);
 
-    m_ruleList->SetRowChangedHandler([this](int row) { m_explorer->OnRowChanged(row); });
+    m_ruleList->SetRowsChangedHandler([this](const std::vector<int>& rows) { m_explorer->OnRowsChanged(rows); });
+    m_ruleList->SetEditHandler([this](int row) { EditRow(row); });
+    m_ruleList->Bind(wxEVT_CONTEXT_MENU, &CQOXRMConfigModuleView::OnContextMenu, this);
+    m_ruleTips = std::make_unique<CutTextTips>(*m_ruleList);
+    m_summaryTips = std::make_unique<CutTextTips>(*m_summaryList);
     m_form->Bind(wxEVT_SIZE,
                  [this](wxSizeEvent& event)
                  {
@@ -140,7 +228,7 @@ void CQOXRMConfigModuleView::OnDraw(wxDC* /*dc*/) {}
 void CQOXRMConfigModuleView::OnUpdate(wxView* /*sender*/, wxObject* hint)
 {
     const auto* const ruleHint = dynamic_cast<RuleViewHint*>(hint);
-    if (ruleHint == nullptr)
+    if (ruleHint == nullptr || m_explorer == nullptr)
     {
         return;
     }
@@ -198,6 +286,7 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
         return false;
     }
     Activate(false);
+    s_frames->SetStatusText({}); // it told of this document
     if (deleteWindow)
     {
         GetFrame()->Destroy();
@@ -240,7 +329,10 @@ void CQOXRMConfigModuleView::SetSingleSelection(bool single)
 
 void CQOXRMConfigModuleView::ClearSummary()
 {
-    m_summaryList->DeleteAllItems();
+    if (m_summaryList->GetItemCount() > 0)
+    {
+        m_summaryList->DeleteAllItems();
+    }
 }
 
 void CQOXRMConfigModuleView::ShowSummary(const std::wstring& text)
@@ -263,6 +355,17 @@ void CQOXRMConfigModuleView::SetStatus(const std::wstring& text)
 void CQOXRMConfigModuleView::TellNoDatabaseModule()
 {
     g_pApp->Prompt().ShowBox(BoxKind::Warning, LoadText(TextId::NoDatabaseModule), LoadText(TextId::ApplicationTitle));
+}
+
+void CQOXRMConfigModuleView::TellRuleEdited()
+{
+    Doc().UpdateViews(ViewHint::RuleEdited);
+}
+
+void CQOXRMConfigModuleView::TellEditorFailed(const std::wstring& ruleName)
+{
+    g_pApp->Prompt().ShowBox(BoxKind::Error, FormatText(TextId::RuleEditorFailed, { ruleName }),
+                             LoadText(TextId::ApplicationTitle));
 }
 
 void CQOXRMConfigModuleView::Layout()

@@ -7,10 +7,14 @@
 #include <wx/docview.h>
 
 #include <memory>
+#include <vector>
 
+class ConcreteQOXRule;
 class CQOXRMConfigModuleDoc;
 class CQOXRMListCtrlEx;
+class CutTextTips;
 class wxListCtrl;
+class wxMenu;
 class wxPanel;
 class wxStaticText;
 class wxWindow;
@@ -29,6 +33,9 @@ public:
     virtual void SetActiveTitle(const wxString& title) = 0;
 };
 
+/// Has the user edit a user-defined rule, over the window, and returns when that is done.
+using UserRuleDialogFunction = void (*)(wxWindow* parent, ConcreteQOXRule& rule);
+
 /// The main window of a rule document: all rules of all modules with boxes, and the summary
 /// of the selected one.
 class CQOXRMConfigModuleView : public wxView, public IRuleView, public IExplorerWindow
@@ -39,6 +46,10 @@ public:
 
     /// Who makes the frames; not owned.
     static void SetFrames(IViewFrames* frames) { s_frames = frames; }
+
+    /// What edits user-defined rules in views that are made from now on; they have their own
+    /// editor as long as there is none.
+    static void SetUserRuleDialog(UserRuleDialogFunction dialog) { s_userRuleDialog = dialog; }
 
     bool OnCreate(wxDocument* document, long flags) override;
     void OnDraw(wxDC* dc) override;
@@ -51,6 +62,12 @@ public:
     std::vector<CQoxRule*> TakeRulesToGiveBack() override;
     void ClearRows() override;
 
+    /// Brings the rows into the order again that they were sorted in last.
+    void SortAgain();
+
+    /// What a right click on the rule list offers, for the row with the focus.
+    std::unique_ptr<wxMenu> MakeContextMenu() const;
+
     CQOXRMListCtrlEx& RuleListCtrl() { return *m_ruleList; }
     wxListCtrl& SummaryListCtrl() { return *m_summaryList; }
 
@@ -61,19 +78,29 @@ private:
     void ShowSummary(const std::wstring& text) override;
     void SetStatus(const std::wstring& text) override;
     void TellNoDatabaseModule() override;
+    void TellRuleEdited() override;
+    void TellEditorFailed(const std::wstring& ruleName) override;
 
     CQOXRMConfigModuleDoc& Doc() const;
     void MakeControls();
+    void BindCommands();
     void OnSetPassword(wxCommandEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void EditRow(int row);
+    void TickRow(int row, bool ticked);
+    int RowOfCommands() const;
     void Layout();
     void UpdateRuleList(bool fromDocument);
 
     static IViewFrames* s_frames; // owned by the program
+    static UserRuleDialogFunction s_userRuleDialog;
 
     wxPanel* m_form = nullptr; // these four are owned by the window system
     CQOXRMListCtrlEx* m_ruleList = nullptr;
     wxStaticText* m_summaryLabel = nullptr;
     wxListCtrl* m_summaryList = nullptr;
+    std::unique_ptr<CutTextTips> m_ruleTips;
+    std::unique_ptr<CutTextTips> m_summaryTips;
     std::unique_ptr<RuleExplorer> m_explorer;
 
     wxDECLARE_DYNAMIC_CLASS(CQOXRMConfigModuleView);

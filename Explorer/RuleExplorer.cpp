@@ -3,6 +3,7 @@
 #include "Document/RuleDocument.h"
 #include "Explorer/RuleRows.h"
 #include "Explorer/RuleText.h"
+#include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleSet.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
@@ -45,6 +46,16 @@ std::wstring UnitKey(const CQoxRule& rule)
     return Platform::ToLower(rule.m_strRuleName) + Between + Platform::ToLower(rule.m_strCategory);
 }
 
+/// Sets the mark that a rule is being edited, for as long as it lives.
+class EditInProgress
+{
+public:
+    EditInProgress() { g_bEditInProgress = true; }
+    ~EditInProgress() { g_bEditInProgress = false; }
+    EditInProgress(const EditInProgress&) = delete;
+    EditInProgress& operator=(const EditInProgress&) = delete;
+};
+
 } // namespace
 
 RuleExplorer::RuleExplorer(RuleDocument& document, const ModuleSet& modules, IRuleRows& rows, IExplorerWindow& window,
@@ -74,10 +85,7 @@ void RuleExplorer::UpdateRuleList(bool fromDocument)
     {
         m_window.SetDocumentModified(false); // reading a file is no change
     }
-    if (m_rows.RowCount() == 0)
-    {
-        m_window.SetSingleSelection(false);
-    }
+    MarkSingleSelection(); // the selected row may have gone
 }
 
 void RuleExplorer::MergeDocumentRules()
@@ -141,9 +149,10 @@ void RuleExplorer::RemoveStaleRows()
 void RuleExplorer::FillRows()
 {
     m_lastTickedRow = -1;
+    const std::optional<bool> areVSTARulesSupported = m_areVSTARulesSupported();
     for (CQoxRule* const rule : m_ruleArray)
     {
-        const bool hasRow = rule == nullptr || (!IsHiddenRule(*rule) && AddRow(rule));
+        const bool hasRow = rule == nullptr || (!IsHiddenRule(*rule) && AddRow(rule, areVSTARulesSupported));
         if (!hasRow && !rule->IsUserDefined())
         {
             m_rulesWithoutRow.push_back(rule);
@@ -155,17 +164,16 @@ void RuleExplorer::FillRows()
     }
 }
 
-bool RuleExplorer::AddRow(CQoxRule* rule)
+bool RuleExplorer::AddRow(CQoxRule* rule, std::optional<bool> areVSTARulesSupported)
 {
-    const std::optional<bool> supported = m_areVSTARulesSupported();
-    if (!supported || (!*supported && Platform::EqualsNoCase(rule->m_strRuleModule, VSTARuleMark)))
+    if (!areVSTARulesSupported ||
+        (!*areVSTARulesSupported && Platform::EqualsNoCase(rule->m_strRuleModule, VSTARuleMark)))
     {
         return false;
     }
     const int row = m_rows.InsertRow(rule, rule->m_strDisplayName);
-    m_rows.SetSelected(row, rule->m_nRuleState == StateTicked);
-    // Measured on the name though the display name is shown: the two differ little, and
-    // the widths that files in the field were seen with depend on it.
+    // Measured on the name though the display name is shown: the widths that users know the
+    // list with depend on it.
     m_rows.WidenColumnFor(static_cast<int>(RuleColumn::Name), rule->m_strRuleName);
     for (const RuleColumn column : { RuleColumn::Category, RuleColumn::Module, RuleColumn::Criticality })
     {
@@ -183,20 +191,37 @@ bool RuleExplorer::AddRow(CQoxRule* rule)
     return true;
 }
 
-void RuleExplorer::OnRowChanged(int row)
+void RuleExplorer::OnRowsChanged(const std::vector<int>& rows)
 {
-    if (row < 0 || row >= m_rows.RowCount())
+    const int count = m_rows.RowCount();
+    bool anyChanged = false;
+    for (const int row : rows)
+    {
+        if (row >= 0 && row < count)
+        {
+            OnRowChanged(row);
+            anyChanged = true;
+        }
+    }
+    if (!anyChanged)
     {
         return;
     }
-    m_rows.SetAnchor(row);
     m_window.ClearSummary();
-    CQoxRule* const rule = m_rows.RuleOfRow(row);
-    if (rule != nullptr)
-    {
-        ShowRuleSummary();
-    }
+    ShowRuleSummary();
     MarkSingleSelection();
+    ShowCounts();
+}
+
+void RuleExplorer::MarkSingleSelection()
+{
+    m_window.SetSingleSelection(m_rows.SelectedCount() == 1);
+}
+
+void RuleExplorer::OnRowChanged(int row)
+{
+    m_rows.SetAnchor(row);
+    CQoxRule* const rule = m_rows.RuleOfRow(row);
     if (rule == nullptr)
     {
         return;
@@ -216,12 +241,68 @@ void RuleExplorer::OnRowChanged(int row)
         rule->m_nRuleState = StateTicked;
         LogMessage(L"%s Rule is Selected", rule->m_strRuleName);
     }
-    ShowCounts();
 }
 
-void RuleExplorer::MarkSingleSelection()
+void RuleExplorer::EditRow(int row)
 {
-    m_window.SetSingleSelection(m_rows.SelectedCount() == 1);
+    CQoxRule* const rule = row >= 0 && row < m_rows.RowCount() ? m_rows.RuleOfRow(row) : nullptr;
+    if (rule == nullptr || g_bEditInProgress)
+    {
+        return;
+    }
+    auto* const userDefined = rule->IsUserDefined() ? dynamic_cast<ConcreteQOXRule*>(rule) : nullptr;
+    if (userDefined != nullptr && m_userRuleDialog)
+    {
+        m_userRuleDialog(*userDefined);
+    }
+    else
+    {
+        RunEditor(*rule);
+    }
+    m_window.TellRuleEdited();
+    RefreshRow(*rule);
+    LogMessage(L"Edit Rule Command Received for %s Rule", rule->m_strRuleName);
+}
+
+void RuleExplorer::RunEditor(CQoxRule& rule)
+{
+    bool failed = false;
+    {
+        const EditInProgress mark;
+        try
+        {
+            rule.EditRule();
+        }
+        catch (...) // a module is someone else's code
+        {
+            failed = true;
+        }
+    }
+    if (failed)
+    {
+        LogMessage(L"Rule module %s failed", rule.m_strModulePath);
+        m_window.TellEditorFailed(rule.m_strDisplayName);
+    }
+}
+
+void RuleExplorer::RefreshRow(const CQoxRule& rule)
+{
+    const int row = RowOfRule(&rule);
+    if (row < 0)
+    {
+        return;
+    }
+    const auto refresh = [&](RuleColumn column)
+    { m_rows.SetText(row, static_cast<int>(column), RuleColumnText(rule, column)); };
+    refresh(RuleColumn::Criticality);
+    if (m_rows.IsTicked(row))
+    {
+        m_window.SetDocumentModified(true);
+    }
+    if (rule.IsUserDefined())
+    {
+        refresh(RuleColumn::Category);
+    }
 }
 
 void RuleExplorer::ShowCounts()
@@ -274,7 +355,10 @@ void RuleExplorer::OnUserRuleAdded()
     if (rules.GetSize() > 0)
     {
         m_lastTickedRow = -1;
-        AddRow(rules[rules.GetSize() - 1]);
+        if (CQoxRule* const rule = rules[rules.GetSize() - 1])
+        {
+            AddRow(rule, m_areVSTARulesSupported());
+        }
         if (m_lastTickedRow >= 0)
         {
             m_rows.SetSelected(m_lastTickedRow, false);
@@ -292,21 +376,26 @@ void RuleExplorer::OnUserRuleDeleted(const CQoxRule& rule)
         m_rows.RemoveRow(row);
         m_window.SetDocumentModified(true);
         m_document.DeleteRuleFromDocument(deleted);
+        MarkSingleSelection(); // the row may have been the selected one
+        if (m_rows.SelectedCount() == 0)
+        {
+            m_window.ClearSummary();
+        }
     }
     ShowCounts();
 }
 
 void RuleExplorer::OnUserRuleChanged(CQoxRule& rule)
 {
-    auto* const changed = dynamic_cast<ConcreteQOXRule*>(FindUserRule(rule.m_strRuleName));
+    CQoxRule* const changed = FindUserRule(rule.m_strRuleName);
     if (changed == nullptr)
     {
         return;
     }
-    if (changed != &rule)
-    {
-        *changed = &rule;
-    }
+    // Whether this document has the rule is not what was changed.
+    const std::int32_t state = changed->m_nRuleState;
+    *changed = &rule;
+    changed->m_nRuleState = state;
     m_window.SetDocumentModified(true);
     if (const int row = RowOfRule(changed); row >= 0)
     {
@@ -322,9 +411,9 @@ void RuleExplorer::OnUserRuleChanged(CQoxRule& rule)
 CQoxRule* RuleExplorer::FindUserRule(const std::wstring& name) const
 {
     const PointerArray& rules = m_document.UserRules();
-    const auto found =
-        std::find_if(rules.begin(), rules.end(),
-                     [&name](const CQoxRule* rule) { return Platform::EqualsNoCase(rule->m_strRuleName, name); });
+    const auto found = std::find_if(rules.begin(), rules.end(),
+                                    [&name](const CQoxRule* rule)
+                                    { return rule != nullptr && Platform::EqualsNoCase(rule->m_strRuleName, name); });
     return found == rules.end() ? nullptr : *found;
 }
 

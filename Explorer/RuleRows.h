@@ -50,4 +50,8 @@ public:
     virtual void SetStatus(const std::wstring& text) = 0;
     /// Tells the user that no database module is loaded.
     virtual void TellNoDatabaseModule() = 0;
+    /// Tells all views of the document that a rule was edited.
+    virtual void TellRuleEdited() = 0;
+    /// Tells the user that the editor of a rule failed.
+    virtual void TellEditorFailed(const std::wstring& ruleName) = 0;
 };

@@ -1,68 +1,6 @@
-// The rule list as a real control.
+// The rule list as a real control: its rows and their order.
 
-#include "Explorer/ListCtrlEx.h"
-
-#include <Vantrel/ConcreteQOXRule.h>
-
-#include <gtest/gtest.h>
-
-#include <wx/app.h>
-#include <wx/frame.h>
-#include <wx/init.h>
-
-#include <memory>
-#include <vector>
-
-namespace
-{
-
-class ListCtrlExTest : public testing::Test
-{
-protected:
-    ListCtrlExTest()
-    {
-        wxApp::SetInstance(new wxApp); // owned by the toolkit
-        toolkit = std::make_unique<wxInitializer>();
-        frame = new wxFrame(nullptr, wxID_ANY, "test"); // destroyed with the test
-        list = new CQOXRMListCtrlEx(frame);             // owned by the frame
-        list->AppendColumn("Rule");
-        list->AppendColumn("Category");
-        frame->Show();
-    }
-    ~ListCtrlExTest() override
-    {
-        frame->Destroy();
-        wxTheApp->ProcessIdle(); // deletes what is to be destroyed
-    }
-
-    void Add(const std::wstring& name, bool ticked)
-    {
-        auto& rule = *rules.emplace_back(std::make_unique<ConcreteQOXRule>());
-        rule.m_strDisplayName = name;
-        rule.m_strCategory = name;
-        const int row = list->InsertRow(&rule, name);
-        list->SetTicked(row, ticked);
-    }
-
-    std::wstring Shown() const
-    {
-        std::wstring names;
-        for (int row = 0; row < list->RowCount(); ++row)
-        {
-            EXPECT_EQ(list->GetItemText(row).ToStdWstring(), list->RuleOfRow(row)->m_strDisplayName);
-            names += list->RuleOfRow(row)->m_strDisplayName;
-            names += list->IsTicked(row) ? L"+ " : L" ";
-        }
-        return names;
-    }
-
-    std::unique_ptr<wxInitializer> toolkit;
-    std::vector<std::unique_ptr<ConcreteQOXRule>> rules;
-    wxFrame* frame = nullptr;
-    CQOXRMListCtrlEx* list = nullptr;
-};
-
-} // namespace
+#include "tests/Explorer/ListCtrlExFixture.h"
 
 TEST_F(ListCtrlExTest, SortingTakesBoxesFromTheRowsAndCarriesThemAlong)
 {
@@ -92,7 +30,106 @@ TEST_F(ListCtrlExTest, TheRowWithTheFocusKeepsItWhereverItGoes)
     list->SetItemState(0, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
     list->Sort(RuleOrder::KeyCategory);
     EXPECT_EQ(Shown(), L"a b ");
-    EXPECT_EQ(list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED), 1);
+    EXPECT_EQ(list->FocusedRow(), 1);
+}
+
+TEST_F(ListCtrlExTest, WhatIsSelectedAndTheAnchorStayWithTheirRulesAndNothingIsReported)
+{
+    Add(L"c", false);
+    Add(L"b", false);
+    Add(L"a", false);
+    list->SetSelected(0, true);
+    list->SetSelected(1, true);
+    list->SetAnchor(0);
+    reports = 0;
+    list->Sort(RuleOrder::KeyCategory);
+    EXPECT_EQ(Selected(), (RowNumbers{ 1, 2 }));
+    EXPECT_EQ(list->Anchor(), 2);
+    EXPECT_EQ(reports, 0);
+}
+
+TEST_F(ListCtrlExTest, SortingAgainKeepsTheColumnAndTheDirection)
+{
+    Add(L"a", false);
+    Add(L"b", false);
+    list->Sort(RuleOrder::KeyCategory);
+    list->Sort(RuleOrder::KeyCategory);
+    Add(L"c", false);
+    EXPECT_EQ(Shown(), L"b a c ");
+    list->SortAgain();
+    EXPECT_EQ(Shown(), L"c b a ");
+    EXPECT_EQ(list->GetSortIndicator(), 1);
+    EXPECT_FALSE(list->IsAscendingSortIndicator());
+}
+
+TEST_F(ListCtrlExTest, AClickOnAHeaderSortsByItsColumnAndTheNextOneTurnsTheOrderRound)
+{
+    Add(L"b", false);
+    Add(L"a", false);
+    list->SetFocus();
+    WaitFor([this] { return frame->IsActive(); });
+    Settle();
+    wxRect first;
+    list->GetItemRect(0, first);
+    user.MouseMove(list->ClientToScreen({ 250, first.GetTop() / 2 }));
+    user.MouseClick();
+    Settle();
+    EXPECT_EQ(Shown(), L"a b ");
+    EXPECT_EQ(list->GetSortIndicator(), 1);
+    EXPECT_TRUE(list->IsAscendingSortIndicator());
+    user.MouseMove(list->ClientToScreen({ 350, first.GetTop() / 2 })); // no double click
+    user.MouseClick();
+    Settle();
+    EXPECT_EQ(Shown(), L"b a ");
+    EXPECT_FALSE(list->IsAscendingSortIndicator());
+}
+
+TEST_F(ListCtrlExTest, NothingIsReportedOfRowsThatGoWithTheList)
+{
+    Add(L"a", false);
+    list->SetItemState(0, wxLIST_STATE_FOCUSED | wxLIST_STATE_SELECTED, wxLIST_STATE_FOCUSED | wxLIST_STATE_SELECTED);
+    EXPECT_EQ(reported, (RowNumbers{ 0, 0 }));
+    reported.clear();
+    list->DeleteAllItems();
+    Add(L"b", false);
+    list->Destroy();
+    EXPECT_EQ(reported, RowNumbers{});
+}
+
+TEST_F(ListCtrlExTest, AnAnchorBehindARowThatGoesMovesUpAndOneThatGoesItselfIsNone)
+{
+    for (const wchar_t* const name : { L"a", L"b", L"c" })
+    {
+        Add(name, false);
+    }
+    list->SetAnchor(2);
+    list->RemoveRow(0);
+    EXPECT_EQ(list->Anchor(), 1);
+    list->RemoveRow(1);
+    EXPECT_EQ(list->Anchor(), -1);
+}
+
+TEST_F(ListCtrlExTest, AColumnIsWidenedToTheTextAndAFifthCutToAWholeNumber)
+{
+    const std::wstring text = L"A text that needs more than the column has, by a good deal";
+    const int width = static_cast<int>(list->GetTextExtent(text).GetWidth() * 1.2);
+    ASSERT_GT(width, 200);
+    list->WidenColumnFor(0, text);
+    EXPECT_EQ(list->GetColumnWidth(0), width);
+    list->WidenColumnFor(0, L"short");
+    EXPECT_EQ(list->GetColumnWidth(0), width);
+    EXPECT_EQ(list->GetColumnWidth(1), 200);
+    list->SetColumnWidth(1, width - 1); // one less than it takes
+    list->WidenColumnFor(1, text);
+    EXPECT_EQ(list->GetColumnWidth(1), width);
+}
+
+TEST_F(ListCtrlExTest, AColumnThatTheUserFitsToItsTextsHasRoomForTheLongest)
+{
+    const std::wstring text = L"A text that needs more than the column has, by a good deal";
+    Add(text, false);
+    list->SetColumnWidth(0, wxLIST_AUTOSIZE);
+    EXPECT_GT(list->GetColumnWidth(0), list->GetTextExtent(text).GetWidth());
 }
 
 TEST_F(ListCtrlExTest, TenThousandRowsAreSorted)

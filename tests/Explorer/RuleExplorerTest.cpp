@@ -1,146 +1,15 @@
 #include "Explorer/RuleExplorer.h"
-#include "Document/RuleDocument.h"
+
 #include "Document/UserRuleFile.h"
-#include "Explorer/RuleRows.h"
-#include "Explorer/RuleText.h"
 #include "Platform/Text.h"
-#include "tests/Document/TestApplication.h"
-#include "tests/Support/TestFiles.h"
+#include "tests/Explorer/RuleExplorerFixture.h"
 #include "Utilities/Texts.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/VantrelLog.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <map>
-
 namespace
 {
-
-/// The rows of a list control, without one.
-class FakeRows : public IRuleRows
-{
-public:
-    struct Row
-    {
-        CQoxRule* rule = nullptr;
-        std::array<std::wstring, RuleColumnCount> texts;
-        bool ticked = false;
-        bool selected = false;
-    };
-
-    int RowCount() const override { return static_cast<int>(rows.size()); }
-    CQoxRule* RuleOfRow(int row) const override { return At(row).rule; }
-    int InsertRow(CQoxRule* rule, const std::wstring& text) override
-    {
-        rows.push_back({ rule, { text }, false, false });
-        return RowCount() - 1;
-    }
-    void RemoveRow(int row) override { rows.erase(rows.begin() + row); }
-    void SetText(int row, int column, const std::wstring& text) override
-    {
-        At(row).texts[static_cast<std::size_t>(column)] = text;
-    }
-    bool IsTicked(int row) const override { return At(row).ticked; }
-    void SetTicked(int row, bool ticked) override { At(row).ticked = ticked; }
-    void SetSelected(int row, bool selected) override { At(row).selected = selected; }
-    void DeselectAll() override
-    {
-        for (Row& row : rows)
-        {
-            row.selected = false;
-        }
-    }
-    int SelectedCount() const override
-    {
-        return static_cast<int>(std::count_if(rows.begin(), rows.end(), [](const Row& row) { return row.selected; }));
-    }
-    int FirstSelected() const override
-    {
-        const auto found = std::find_if(rows.begin(), rows.end(), [](const Row& row) { return row.selected; });
-        return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
-    }
-    void WidenColumnFor(int column, const std::wstring& text) override { measured[column].push_back(text); }
-    void SetAnchor(int row) override { anchor = row; }
-
-    Row& At(int row) { return rows.at(static_cast<std::size_t>(row)); }
-    const Row& At(int row) const { return rows.at(static_cast<std::size_t>(row)); }
-
-    int Find(const std::wstring& name) const
-    {
-        const auto found =
-            std::find_if(rows.begin(), rows.end(), [&name](const Row& row) { return row.rule->m_strRuleName == name; });
-        return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
-    }
-
-    std::vector<Row> rows;
-    std::map<int, std::vector<std::wstring>> measured;
-    int anchor = -1;
-};
-
-class FakeWindow : public IExplorerWindow
-{
-public:
-    void SetDocumentModified(bool value) override { modified = value; }
-    void SetSingleSelection(bool value) override { single = value; }
-    void ClearSummary() override { summary = L"(cleared)"; }
-    void ShowSummary(const std::wstring& text) override { summary = text; }
-    void SetStatus(const std::wstring& text) override { status = text; }
-    void TellNoDatabaseModule() override { ++noDatabaseMessages; }
-
-    bool modified = false;
-    bool single = false;
-    std::wstring summary;
-    std::wstring status;
-    int noDatabaseMessages = 0;
-};
-
-class RuleExplorerTest : public testing::Test
-{
-protected:
-    ~RuleExplorerTest() override { document.ReleaseRules(explorer.TakeRulesToGiveBack()); }
-
-    void LoadModules()
-    {
-        application.LoadDatabaseModules({ L"TestDatabaseComplete" });
-        application.LoadRuleModules({ L"TestModuleComplete", L"TestModuleSecond" });
-    }
-
-    void OpenWith(const std::string& rules, const std::string& attributes = "")
-    {
-        WriteBytes(path, "<Lumeq " + attributes + ">" + rules + "</Lumeq>");
-        ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
-        explorer.UpdateRuleList(true);
-    }
-
-    void Tick(int row, bool ticked)
-    {
-        rows.SetTicked(row, ticked);
-        explorer.OnRowChanged(row);
-    }
-
-    std::vector<std::wstring> Names() const
-    {
-        std::vector<std::wstring> names;
-        for (const FakeRows::Row& row : rows.rows)
-        {
-            names.push_back(row.rule->m_strRuleName);
-        }
-        return names;
-    }
-
-    TestApplication application;
-    TemporaryFolder folder;
-    std::wstring path = folder.File(L"rules.vrf");
-    std::optional<bool> vstaSupport = true;
-    RuleDocument document;
-    FakeRows rows;
-    FakeWindow window;
-    RuleExplorer explorer{ document, application.Modules(), rows, window, [this] { return vstaSupport; } };
-};
 
 using NameList = std::vector<std::wstring>;
 
@@ -275,7 +144,7 @@ TEST_F(RuleExplorerTest, TickingTakesARuleIntoTheDocumentAndUntickingOutOfIt)
     EXPECT_EQ(rows.anchor, 1);
 
     window.modified = false;
-    explorer.OnRowChanged(1); // nothing new
+    explorer.OnRowsChanged({ 1 }); // nothing new
     EXPECT_FALSE(window.modified);
 
     Tick(1, false);
@@ -300,8 +169,7 @@ TEST_F(RuleExplorerTest, RowNumbersOutsideTheListDoNothing)
 {
     LoadModules();
     explorer.UpdateRuleList(true);
-    explorer.OnRowChanged(-1);
-    explorer.OnRowChanged(4);
+    explorer.OnRowsChanged({ -1, 4 });
     EXPECT_FALSE(window.modified);
     EXPECT_EQ(rows.anchor, -1);
 }
@@ -311,7 +179,7 @@ TEST_F(RuleExplorerTest, TheSummaryOfTheOneSelectedRowIsShown)
     LoadModules();
     explorer.UpdateRuleList(true);
     rows.SetSelected(0, true);
-    explorer.OnRowChanged(0);
+    explorer.OnRowsChanged({ 0 });
     EXPECT_EQ(window.summary, L"Summary of TestModuleSecond Rule 1");
     EXPECT_TRUE(window.single);
 }
@@ -322,7 +190,7 @@ TEST_F(RuleExplorerTest, SelectingTwoRowsLeavesTheSummaryEmpty)
     explorer.UpdateRuleList(true);
     rows.SetSelected(0, true);
     rows.SetSelected(1, true);
-    explorer.OnRowChanged(1);
+    explorer.OnRowsChanged({ 1 });
     EXPECT_EQ(window.summary, L"(cleared)");
     EXPECT_FALSE(window.single);
 }
@@ -481,6 +349,81 @@ TEST_F(RuleExplorerTest, AUserDefinedRuleThatIsChangedShowsItsNewTexts)
     EXPECT_EQ(rows.At(4).texts[1], L"Shop");
     EXPECT_EQ(rows.At(4).texts[3], CriticalityText(5));
     EXPECT_TRUE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, AChangedUserDefinedRuleStaysInTheDocumentThatHasIt)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/></Lumeq>");
+    OpenWith("");
+    Tick(4, true);
+    ConcreteQOXRule rule;
+    rule.m_strRuleModule = VSTARuleMark;
+    rule.m_strRuleName = L"mine";
+    explorer.OnUserRuleChanged(rule);
+    explorer.UpdateRuleList(false); // makes the row anew
+    EXPECT_TRUE(rows.IsTicked(4));
+    EXPECT_TRUE(document.Rules().Contains(rows.RuleOfRow(4)));
+}
+
+TEST_F(RuleExplorerTest, AUserDefinedRuleThatNoDocumentKnowsChangesNothing)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    ConcreteQOXRule rule;
+    rule.m_strRuleName = L"Mine";
+    explorer.OnUserRuleChanged(rule);
+    EXPECT_FALSE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, ANullAmongTheRulesGetsNoRowAndNoFailure)
+{
+    LoadModules();
+    document.UserRules().Add(nullptr);
+    explorer.UpdateRuleList(true);
+    EXPECT_EQ(rows.RowCount(), 4);
+    explorer.OnUserRuleAdded(); // the null is the last of them
+    EXPECT_EQ(rows.RowCount(), 4);
+    explorer.OnUserRuleDeleted(*rows.RuleOfRow(0));
+    explorer.OnUserRuleChanged(*rows.RuleOfRow(0));
+    EXPECT_EQ(rows.RowCount(), 4);
+    EXPECT_FALSE(window.modified);
+}
+
+TEST_F(RuleExplorerTest, TheFrameworkIsAskedForVSTAOnceForAllRows)
+{
+    LoadModules();
+    int asked = 0;
+    RuleExplorer asking(document, application.Modules(), rows, window,
+                        [&asked]
+                        {
+                            ++asked;
+                            return true;
+                        });
+    asking.UpdateRuleList(true);
+    EXPECT_EQ(rows.RowCount(), 4);
+    EXPECT_EQ(asked, 1);
+    document.ReleaseRules(asking.TakeRulesToGiveBack());
+    rows.rows.clear();
+}
+
+TEST_F(RuleExplorerTest, RowsThatChangeTogetherAreShownOnceAndTakenInTheirOrder)
+{
+    LoadModules();
+    explorer.UpdateRuleList(true);
+    for (const int row : { 3, 0, 2 })
+    {
+        rows.SetTicked(row, true);
+        rows.SetSelected(row, true);
+    }
+    explorer.OnRowsChanged({ 3, 0, 2 });
+    EXPECT_EQ(document.Rules().Rules(),
+              (std::vector<CQoxRule*>{ rows.RuleOfRow(3), rows.RuleOfRow(0), rows.RuleOfRow(2) }));
+    EXPECT_EQ(rows.anchor, 2);
+    EXPECT_EQ(window.timesStatusSet, 1);
+    EXPECT_EQ(window.status, FormatText(TextId::RuleCount, { L"3", L"4" }));
+    EXPECT_EQ(window.summary, L"(cleared)");
+    EXPECT_FALSE(window.single);
 }
 
 TEST_F(RuleExplorerTest, TheFirstColumnIsMeasuredOnTheRulesName)
