@@ -16,8 +16,8 @@
 #       a display with a window manager to itself.
 #   vantrel_fuzzer(<target> SOURCES ... [LINK ...] [DEFINITIONS ...] CORPUS <folder> [MAX_LENGTH <bytes>])
 #       libFuzzer program. The folder holds the seeds.
-#   vantrel_bench(<target> SOURCES ... [LINK ...] [DEFINITIONS ...])
-#       Google Benchmark program.
+#   vantrel_bench(<target> SOURCES ... [LINK ...] [DEFINITIONS ...] [WINDOW])
+#       Google Benchmark program. WINDOW: it runs on a display of its own.
 #
 # For a target that a folder makes itself:
 #
@@ -229,7 +229,11 @@ function(vantrel_bench target)
     target_link_libraries(${target} PRIVATE ${ARG_LINK} benchmark::benchmark benchmark::benchmark_main)
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bench")
     add_dependencies(benchmarks ${target})
-    set_property(GLOBAL APPEND PROPERTY VANTREL_BENCHMARKS "${target}|$<TARGET_FILE:${target}>")
+    set(kind)
+    if(ARG_WINDOW)
+        set(kind window)
+    endif()
+    set_property(GLOBAL APPEND PROPERTY VANTREL_BENCHMARKS "${target}|$<TARGET_FILE:${target}>|${kind}")
 endfunction()
 
 # Adds a folder that builds something.

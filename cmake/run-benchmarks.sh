@@ -15,8 +15,10 @@ mkdir -p "$appdata" || exit 1
 
 [ -s "$build/benchmarks.txt" ] || { echo "There are no benchmarks." >&2; exit 1; }
 status=0
-while IFS='|' read -r name program; do
+while IFS='|' read -r name program kind; do
     echo "== $name"
-    "$program" "$@" </dev/null || { echo "$name failed with status $?" >&2; status=1; }
+    display=()
+    [ "$kind" != window ] || display=("$(dirname "$0")/with-display.sh")
+    "${display[@]}" "$program" "$@" </dev/null || { echo "$name failed with status $?" >&2; status=1; }
 done <"$build/benchmarks.txt"
 exit "$status"
