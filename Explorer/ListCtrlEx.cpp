@@ -2,8 +2,8 @@
 
 #include <Vantrel/QoxRule.h>
 
+#include <wx/dcclient.h>
 #include <wx/renderer.h>
-#include <wx/wupdlock.h>
 
 #include <algorithm>
 #include <unordered_map>
@@ -134,7 +134,7 @@ private:
 
 CQOXRMListCtrlEx::CQOXRMListCtrlEx(wxWindow* parent)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxBORDER_THEME),
-      m_widths([this](const std::wstring& text) { return GetTextExtent(text).GetWidth(); })
+      m_widths([this](const std::wstring& text) { return MeasureText(text); })
 {
     EnableCheckBoxes();
     for (const auto& event : { wxEVT_LIST_ITEM_FOCUSED, wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED,
@@ -156,6 +156,7 @@ CQOXRMListCtrlEx::~CQOXRMListCtrlEx()
     // The control tells of its rows as they go with it, which is too late for whoever listens,
     // and must not be later than the end of this part of it.
     m_filling = true;
+    m_measuring.reset();
     DestroyChildren();
 }
 
@@ -163,11 +164,24 @@ void CQOXRMListCtrlEx::SetFilling(bool filling)
 {
     m_filling = filling;
     m_widths.Forget();
+    m_measuring.reset();
+}
+
+int CQOXRMListCtrlEx::MeasureText(const std::wstring& text)
+{
+    // One for all texts of a filling: to make one costs more than to measure.
+    if (m_measuring == nullptr)
+    {
+        m_measuring = std::make_unique<wxClientDC>(this);
+        m_measuring->SetFont(GetFont());
+    }
+    return m_measuring->GetTextExtent(text).GetWidth();
 }
 
 void CQOXRMListCtrlEx::OnRowChange(wxListEvent& event)
 {
     event.Skip();
+    m_anySelected = m_anySelected || event.GetEventType() == wxEVT_LIST_ITEM_SELECTED;
     if (m_filling || event.GetIndex() < 0) // no row has the focus any more
     {
         return;
@@ -509,7 +523,8 @@ void CQOXRMListCtrlEx::SetSelected(int row, bool selected)
 
 void CQOXRMListCtrlEx::DeselectAll()
 {
-    for (int row = SelectedCount() > 0 ? FirstSelected() : -1; row >= 0;
+    // The control looks at every row to tell.
+    for (int row = std::exchange(m_anySelected, false) ? FirstSelected() : -1; row >= 0;
          row = static_cast<int>(GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)))
     {
         SetSelected(row, false);
@@ -529,9 +544,9 @@ int CQOXRMListCtrlEx::FirstSelected() const
 void CQOXRMListCtrlEx::WidenColumnFor(int column, const std::wstring& text)
 {
     const int width = GetColumnWidth(column);
-    const double needed = m_widths.WidthIfAbove(text, width / ColumnAir) * ColumnAir;
+    const int needed = static_cast<int>(m_widths.WidthIfAbove(text, width / ColumnAir) * ColumnAir);
     if (width < needed)
     {
-        SetColumnWidth(column, static_cast<int>(needed));
+        SetColumnWidth(column, needed);
     }
 }

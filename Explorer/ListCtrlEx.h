@@ -7,9 +7,12 @@
 #include <wx/listctrl.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
+
+class wxClientDC;
 
 /// The rule list: rows with boxes, each with its rule. The rules are not owned.
 ///
@@ -87,10 +90,12 @@ private:
     void FocusAnyRow();
     void SortRows();
     void NoteTickedRules();
+    int MeasureText(const std::wstring& text);
 
     std::function<void(const std::vector<int>&)> m_rowsChanged;
     std::function<void(int)> m_edit;
     bool m_filling = false;
+    bool m_anySelected = false;   // some row may be
     Changes* m_changes = nullptr; // those of the command that runs, else null
     int m_anchor = -1;
     bool m_ctrlClick = false;
@@ -99,4 +104,5 @@ private:
     bool m_boxDoubleClicked = false;
     RuleOrder m_order;
     TextWidths m_widths;
+    std::unique_ptr<wxClientDC> m_measuring; // while rows are filled
 };
