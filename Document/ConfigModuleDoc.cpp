@@ -73,12 +73,6 @@ bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
     case RuleDocument::SaveFailure::NotWritten:
         ShowFailure(TextId::RulesNotLoaded, path);
         return false;
-    case RuleDocument::SaveFailure::DiskFull:
-        ShowFailure(TextId::DiskFull, path);
-        return false;
-    case RuleDocument::SaveFailure::WriteFailed:
-        ShowFailure(TextId::FileNotWritten, path);
-        return false;
     }
     Modify(false);
     SetFilename(path);

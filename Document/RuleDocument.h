@@ -44,8 +44,6 @@ public:
         NotWritable, ///< The file or its folder refuses writing.
         Told,        ///< It isn't to be had or its password wasn't given, which the user knows.
         NotWritten,  ///< There is no framework library to write with.
-        DiskFull,    ///< There is no room for the new file.
-        WriteFailed, ///< The new file could not be brought to the disk.
     };
 
     /// Writes the rules of the rule list, once the user has given the password of a

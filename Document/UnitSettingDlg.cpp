@@ -1,6 +1,7 @@
 #include "Document/UnitSettingDlg.h"
 
 #include "Document/UnitChoice.h"
+#include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 
@@ -33,6 +34,7 @@ CQOXUnitSettingDlg::CQOXUnitSettingDlg(wxWindow* parent, structRulesUnit& units)
     : wxDialog(parent, wxID_ANY, LoadText(TextId::UnitSettingsTitle)), m_units(units)
 {
     MakeControls();
+    ShowHelpOnF1(*this, HelpTopic::UnitSettings);
     Bind(wxEVT_BUTTON, &CQOXUnitSettingDlg::OnOK, this, wxID_OK);
     CentreOnParent();
     // Once it is shown: some systems can't focus a list before, and take the default button.

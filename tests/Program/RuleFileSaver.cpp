@@ -96,10 +96,6 @@ const char* NameOf(RuleDocument::SaveFailure failure)
         return "Told";
     case Failure::NotWritten:
         return "NotWritten";
-    case Failure::DiskFull:
-        return "DiskFull";
-    case Failure::WriteFailed:
-        return "WriteFailed";
     }
     return "unknown";
 }
