@@ -2,6 +2,7 @@
 
 #include "Explorer/RuleEditorRow.h"
 #include "Explorer/RuleText.h"
+#include "Modules/HelpKey.h"
 #include "Platform/Locale.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
@@ -44,6 +45,7 @@ RuleEditorDlg::RuleEditorDlg(wxWindow* parent, CQoxRule& rule, wchar_t decimalSe
       m_rule(rule), m_model(rule, decimalSeparator)
 {
     MakeControls();
+    ShowHelpOnF1(*this, HelpTopic::RuleEditor);
     Bind(wxEVT_BUTTON, &RuleEditorDlg::OnOK, this, wxID_OK);
     Bind(wxEVT_CHILD_FOCUS,
          [this](wxChildFocusEvent& event)

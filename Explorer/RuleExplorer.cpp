@@ -4,6 +4,7 @@
 #include "Explorer/RuleRows.h"
 #include "Explorer/RuleText.h"
 #include "Modules/ApplicationGlobals.h"
+#include "Modules/ModuleGuard.h"
 #include "Modules/ModuleSet.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
@@ -266,21 +267,13 @@ void RuleExplorer::EditRow(int row)
 
 void RuleExplorer::RunEditor(CQoxRule& rule)
 {
-    bool failed = false;
+    bool worked = false;
     {
         const EditInProgress mark;
-        try
-        {
-            rule.EditRule();
-        }
-        catch (...) // a module is someone else's code
-        {
-            failed = true;
-        }
+        worked = GuardModuleCall(rule.m_strModulePath, [&] { rule.EditRule(); });
     }
-    if (failed)
+    if (!worked)
     {
-        LogMessage(L"Rule module %s failed", rule.m_strModulePath);
         m_window.TellEditorFailed(rule.m_strDisplayName);
     }
 }
@@ -337,7 +330,7 @@ void RuleExplorer::ApplyUnitsToNewRules()
     {
         // A rule of the file stands in the file's units already.
         const bool isNew = !documentRules.contains(UnitKey(*rule));
-        rule->UpdateRule(isNew ? &oldUnits : &newUnits, &newUnits);
+        GuardModuleCall(rule->m_strModulePath, [&] { rule->UpdateRule(isNew ? &oldUnits : &newUnits, &newUnits); });
     }
 }
 
@@ -345,7 +338,8 @@ void RuleExplorer::OnRuleUnitsChanged()
 {
     for (CQoxRule* const rule : RulesOfRows())
     {
-        rule->UpdateRule(&m_document.Header().oldRuleUnits, &m_document.Header().newRuleUnits);
+        GuardModuleCall(rule->m_strModulePath, [&]
+                        { rule->UpdateRule(&m_document.Header().oldRuleUnits, &m_document.Header().newRuleUnits); });
     }
 }
 
