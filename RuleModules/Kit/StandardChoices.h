@@ -21,6 +21,8 @@ inline constexpr std::array SheetMetals = { L"CuZn37 sheet"sv, L"DC01"sv, L"DX51
 inline constexpr std::array Plastics = { L"ABS"sv, L"PA66"sv, L"PC"sv, L"PE-HD"sv, L"POM"sv, L"PP"sv };
 inline constexpr std::array CastingAlloys = { L"EN AC-42100-T6"sv, L"EN-GJL-200"sv, L"EN-GJS-400-15"sv, L"GE240"sv,
                                               L"GX5CrNi19-10"sv };
+inline constexpr std::array InvestmentAlloys = { L"EN AC-42200-T6"sv, L"G42CrMo4"sv, L"GX2CrNi19-11"sv,
+                                                 L"GX5CrNiCu16-4"sv };
 inline constexpr std::array DieCastingAlloys = { L"EN AC-46000"sv, L"EN AC-47100"sv, L"EN-MCMgAl9Zn1"sv, L"ZP0410"sv };
 inline constexpr std::array AdditiveMaterials = { L"AlSi10Mg powder"sv, L"PA12 powder"sv, L"PLA filament"sv,
                                                   L"Ti-6Al-4V powder"sv, L"X2CrNiMo17-12-2 powder"sv };
@@ -51,6 +53,7 @@ inline constexpr ChoiceSource Metals = { L"materials", L"metal", BuiltIn::Metals
 inline constexpr ChoiceSource SheetMetals = { L"materials", L"sheet", BuiltIn::SheetMetals };
 inline constexpr ChoiceSource Plastics = { L"materials", L"plastic", BuiltIn::Plastics };
 inline constexpr ChoiceSource CastingAlloys = { L"materials", L"cast", BuiltIn::CastingAlloys };
+inline constexpr ChoiceSource InvestmentAlloys = { L"materials", L"invest", BuiltIn::InvestmentAlloys };
 inline constexpr ChoiceSource DieCastingAlloys = { L"materials", L"diecast", BuiltIn::DieCastingAlloys };
 inline constexpr ChoiceSource AdditiveMaterials = { L"materials", L"additive", BuiltIn::AdditiveMaterials };
 inline constexpr ChoiceSource WeldedMetals = { L"materials", L"weld", BuiltIn::WeldedMetals };

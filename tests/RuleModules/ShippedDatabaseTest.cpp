@@ -86,6 +86,7 @@ TEST_F(ShippedDatabaseTest, MaterialsHaveThePropertiesOfTheirProcess)
     ExpectProperties(L"additive", { L"wall_thickness_min", L"overhang_angle", L"hole_diameter_min" });
     ExpectProperties(L"weld", { L"weld_thickness_min" });
     ExpectProperties(L"tube", { L"bend_ratio" });
+    ExpectProperties(L"invest", { L"wall_thickness_min", L"wall_thickness_max", L"hole_diameter_min" });
 }
 
 TEST_F(ShippedDatabaseTest, MaterialsAreAsDenseAndStrongAsMaterialsAre)
@@ -106,7 +107,7 @@ TEST_F(ShippedDatabaseTest, MaterialsOfAGroupAddUpToAllOfThem)
 {
     std::size_t sum = 0;
     for (const wchar_t* const group :
-         { L"metal", L"sheet", L"plastic", L"cast", L"diecast", L"additive", L"weld", L"tube" })
+         { L"metal", L"sheet", L"plastic", L"cast", L"diecast", L"additive", L"weld", L"tube", L"invest" })
     {
         sum += Names(L"materials", group).size();
     }

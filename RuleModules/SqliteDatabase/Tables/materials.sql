@@ -21,7 +21,8 @@ CREATE TABLE materials
 (
     name                   TEXT NOT NULL PRIMARY KEY,
     material_group         TEXT NOT NULL CHECK (material_group IN
-                               ('metal', 'sheet', 'plastic', 'cast', 'diecast', 'additive', 'weld', 'tube')),
+                               ('metal', 'sheet', 'plastic', 'cast', 'diecast', 'additive', 'weld', 'tube',
+                               'invest')),
     density                REAL NOT NULL CHECK (density > 0),
     tensile_strength       REAL NOT NULL CHECK (tensile_strength > 0),
     wall_thickness_min     REAL CHECK (wall_thickness_min > 0),
@@ -106,7 +107,7 @@ INSERT INTO materials
     ('PEEK',      'plastic', 1.30, 100, 0.8, 5.0, 1.0, 2.0),
     ('TPU',       'plastic', 1.21,  45, 0.7, 6.0, 0.5, 2.0);
 
--- Alloys for casting in sand and in ceramic shells
+-- Alloys for casting in sand
 INSERT INTO materials (name, material_group, density, tensile_strength, wall_thickness_min, wall_thickness_max,
                        shrinkage_min, shrinkage_max, draft_min, hole_diameter_min) VALUES
     ('EN-GJL-200',       'cast', 7.15, 200, 4, 50, 0.8, 1.2, 1, 10),
@@ -191,3 +192,22 @@ INSERT INTO materials (name, material_group, density, tensile_strength, bend_rat
     ('Cu-DHP R220',          'tube', 8.94, 220, 1.5),
     ('CuNi10Fe1Mn',          'tube', 8.9, 290, 1.5),
     ('Ti-3Al-2.5V tube',     'tube', 4.48, 620, 3);
+
+-- Alloys for investment casting. They are poured into hot shells, so walls are thinner than in sand.
+INSERT INTO materials (name, material_group, density, tensile_strength, wall_thickness_min, wall_thickness_max,
+                       hole_diameter_min) VALUES
+    ('G20Mn5',           'invest', 7.8, 480, 2, 25, 2.5),
+    ('G26CrMo4',         'invest', 7.8, 550, 2, 25, 2.5),
+    ('G42CrMo4',         'invest', 7.8, 700, 2, 25, 2.5),
+    ('GX4CrNi13-4',      'invest', 7.7, 760, 1.8, 25, 2),
+    ('GX5CrNiCu16-4',    'invest', 7.8, 760, 1.5, 25, 2),
+    ('GX2CrNi19-11',     'invest', 7.9, 440, 1.5, 25, 2),
+    ('GX2CrNiMo19-11-2', 'invest', 7.95, 440, 1.5, 25, 2),
+    ('GX2CrNiMoN22-5-3', 'invest', 7.75, 600, 1.5, 25, 2),
+    ('GX40CrNiSi25-12',  'invest', 7.8, 450, 1.8, 25, 2),
+    ('EN AC-42200-T6',   'invest', 2.67, 290, 1.5, 15, 2),
+    ('CuZn16Si4-C',      'invest', 8.3, 400, 1.5, 15, 2),
+    ('CuAl10Fe2-C',      'invest', 7.6, 500, 2, 20, 2.5),
+    ('CoCr28Mo6',        'invest', 8.3, 655, 1.2, 20, 2),
+    ('G-NiCr13Al6MoNb',  'invest', 7.9, 760, 1.2, 20, 2),
+    ('G-TiAl6V4',        'invest', 4.43, 880, 2, 20, 4);
