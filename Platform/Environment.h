@@ -20,4 +20,8 @@ void TakeOverStoredEnvironment();
 /// the name can't be one. Not for other processes; those started later inherit it.
 bool SetProcessVariable(const std::wstring& name, const std::optional<std::wstring>& value);
 
+/// Tells the running programs that stored variables have changed, where programs listen to
+/// that. Waits no longer than a few seconds for each.
+void AnnounceEnvironmentChange();
+
 } // namespace Platform

@@ -2,6 +2,7 @@
 
 #include "Platform/Files.h"
 #include "Platform/Posix/PathBytes.h"
+#include "Platform/Posix/ProgramFile.h"
 #include "Platform/Posix/UserFolders.h"
 
 #include <array>
@@ -9,6 +10,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <pwd.h>
+#include <string_view>
 #include <unistd.h>
 
 namespace Platform
@@ -58,12 +60,10 @@ std::wstring DataRoot()
     return RootFolder(UserDataVariable, L"/.local/share");
 }
 
-} // namespace Posix
-
-std::wstring ProgramPath()
+std::string ProgramFileOf(const std::string& process)
 {
     std::array<char, PATH_MAX> target = {};
-    const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
+    const ssize_t length = ::readlink(("/proc/" + process + "/exe").c_str(), target.data(), target.size());
     if (length <= 0)
     {
         return {};
@@ -75,7 +75,14 @@ std::wstring ProgramPath()
     {
         path.resize(path.size() - Mark.size());
     }
-    return Posix::PathText(path);
+    return path;
+}
+
+} // namespace Posix
+
+std::wstring ProgramPath()
+{
+    return Posix::PathText(Posix::ProgramFileOf("self"));
 }
 
 std::wstring ProgramFolder()

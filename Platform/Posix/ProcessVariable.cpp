@@ -15,4 +15,9 @@ bool SetProcessVariable(const std::wstring& name, const std::optional<std::wstri
                  : ::unsetenv(nameBytes.c_str()) == 0;
 }
 
+void AnnounceEnvironmentChange()
+{
+    // Programs have the variables of the process that started them; none listens to changes.
+}
+
 } // namespace Platform

@@ -22,6 +22,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/FileLock.cpp
     Posix/FileOperations.cpp
     Posix/Files.cpp
+    Posix/FolderEntries.cpp
     Posix/Folders.cpp
     Posix/Hash.cpp
     Posix/HeldFile.cpp
@@ -33,6 +34,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/LibraryFile.cpp
     Posix/Locale.cpp
     Posix/Memory.cpp
+    Posix/PathStyle.cpp
     Posix/Process.cpp
     Posix/ProcessVariable.cpp
     Posix/ReadFile.cpp
@@ -40,6 +42,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/RegistryStore.cpp
     Posix/ReplaceFile.cpp
     Posix/ResourceLibrary.cpp
+    Posix/RunningProcesses.cpp
     Posix/SingleInstance.cpp
     Posix/StandardFile.cpp
     Posix/StructuredStorage.cpp

@@ -1,0 +1,8 @@
+#include "Platform/PathStyle.h"
+
+namespace Platform
+{
+
+const PathStyle SystemPaths = RootPaths;
+
+} // namespace Platform
