@@ -32,13 +32,15 @@ enum CommandId : int
     CommandEditRuleHere, ///< Of the menu that a right click opens, like those that follow.
     CommandTickRule,
     CommandSelectAllRules,
+    CommandScriptLocation,
 };
 
 /// All of them edit the first selected rule.
 inline constexpr std::array EditRuleCommands = { CommandEditRule, CommandEditRuleButton, CommandEditRuleHere };
 
 /// The menus of the main window, in their order.
-inline constexpr std::array MenuTable = { TextId::MenuFile, TextId::MenuEdit, TextId::MenuView, TextId::MenuHelp };
+inline constexpr std::array MenuTable = { TextId::MenuFile, TextId::MenuEdit, TextId::MenuView, TextId::MenuModules,
+                                         TextId::MenuHelp };
 
 inline constexpr std::array CommandTable = {
     Command{ wxID_NEW, TextId::MenuFile, TextId::CommandNew, TextId::TipNew, wxART_NEW, wxITEM_NORMAL, false },
@@ -55,6 +57,8 @@ inline constexpr std::array CommandTable = {
              false },
     Command{ CommandEditRuleButton, {}, TextId::CommandEditRule, TextId::TipEditRule, wxART_EDIT, wxITEM_NORMAL, true },
     Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },
+    Command{ CommandScriptLocation, TextId::MenuModules, TextId::CommandScriptLocation, TextId::TipScriptLocation,
+             nullptr, wxITEM_NORMAL, false },
     Command{ wxID_HELP, TextId::MenuHelp, TextId::CommandHelp, TextId::TipHelp, nullptr, wxITEM_NORMAL, false },
     Command{ wxID_ABOUT, TextId::MenuHelp, TextId::CommandAbout, TextId::TipAbout, nullptr, wxITEM_NORMAL, false },
 };

@@ -4,6 +4,7 @@
 #include "Application/LogFolder.h"
 #include "Application/Registration.h"
 #include "Application/ToolkitTexts.h"
+#include "Authoring/ScriptLocnDlg.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
 #include "Document/UnitSettingDlg.h"
@@ -308,6 +309,18 @@ void CQOXRMConfigModuleApp::ShowHelp(HelpTopic topic)
         m_prompt.ShowBox(BoxKind::Warning, FormatText(TextId::HelpNotShown, { path }),
                          LoadText(TextId::ApplicationTitle));
     }
+}
+
+void CQOXRMConfigModuleApp::ShowScriptLocation()
+{
+    const auto show = [this](std::wstring& scriptFolder, std::wstring& databaseFolder)
+    {
+        CQOXRMScriptLocnDlg dialog(m_mainFrame, scriptFolder, !OpenDocuments(*m_documents).empty(), m_prompt);
+        const bool accepted = dialog.ShowModal() == wxID_OK;
+        databaseFolder = dialog.DatabaseFolder();
+        return accepted;
+    };
+    ChangeScriptLocation(GetModuleConfigFile(), show, m_prompt);
 }
 
 void CQOXRMConfigModuleApp::OnAddRule(CQoxRule* rule)

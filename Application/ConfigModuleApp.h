@@ -67,6 +67,7 @@ private:
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
     void ChangeUnits() override;
+    void ShowScriptLocation() override;
 
     int nDocOpenState = 0;
     bool bLogEnabled = false;

@@ -23,6 +23,9 @@ public:
     /// Lets the user choose the units of the active document; without one, does nothing.
     virtual void ChangeUnits() = 0;
     virtual void ShowHelp(HelpTopic topic) = 0;
+
+    /// Has the user change the folders of scripts and of the rule database.
+    virtual void ShowScriptLocation() = 0;
 };
 
 /// The main window: menus, tool bar, status bar, and the document windows within.

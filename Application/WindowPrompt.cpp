@@ -3,6 +3,8 @@
 #include "Document/PasswordDlg.h"
 #include "Utilities/Texts.h"
 
+#include <wx/dirdlg.h>
+#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/utils.h>
 
@@ -93,4 +95,27 @@ std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
         return std::nullopt;
     }
     return dialog.strPassword.ToStdWstring();
+}
+
+std::optional<std::wstring> WindowPrompt::AskFile(const FileQuestion& question)
+{
+    const OrdinaryCursor cursor;
+    wxFileDialog dialog(wxGetActiveWindow(), question.title, question.folder, wxString(),
+                        question.filterName + L"|" + question.pattern, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK)
+    {
+        return std::nullopt;
+    }
+    return dialog.GetPath().ToStdWstring();
+}
+
+std::optional<std::wstring> WindowPrompt::AskFolder(const FolderQuestion& question)
+{
+    const OrdinaryCursor cursor;
+    wxDirDialog dialog(wxGetActiveWindow(), question.title, question.folder, wxDD_DEFAULT_STYLE | wxDD_NEW_DIR_BUTTON);
+    if (dialog.ShowModal() != wxID_OK)
+    {
+        return std::nullopt;
+    }
+    return dialog.GetPath().ToStdWstring();
 }

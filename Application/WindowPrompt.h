@@ -10,4 +10,6 @@ public:
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     SaveAnswer AskSaveChanges(const std::wstring& documentName) override;
     std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
+    std::optional<std::wstring> AskFile(const FileQuestion& question) override;
+    std::optional<std::wstring> AskFolder(const FolderQuestion& question) override;
 };

@@ -52,3 +52,14 @@ bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path)
     }
     return known;
 }
+
+bool SetScriptDirectory(const std::wstring& configFile, const std::wstring& path)
+{
+    const std::string narrowFile = ToNarrow(configFile);
+    const CIniFile file;
+    if (!Platform::PathExists(configFile)) // one that can't be read must not be emptied
+    {
+        file.Create(narrowFile);
+    }
+    return file.SetValue(DirectoryKey, ToNarrow(path), ScriptSection, narrowFile);
+}

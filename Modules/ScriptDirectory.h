@@ -10,3 +10,7 @@ bool GetScriptDirectory(std::wstring& path);
 
 /// Same with the configuration file given.
 bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path);
+
+/// Makes another folder the script folder. It is stored as it is given and not made. False if
+/// the configuration file can't be written.
+bool SetScriptDirectory(const std::wstring& configFile, const std::wstring& path);

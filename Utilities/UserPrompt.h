@@ -26,6 +26,22 @@ enum class SaveAnswer
     Cancel, ///< What was about to happen doesn't.
 };
 
+/// Which file the user is to choose.
+struct FileQuestion
+{
+    std::wstring title;
+    std::wstring filterName; ///< What the files are called.
+    std::wstring pattern;    ///< Their names, with `*` for any letters.
+    std::wstring folder;     ///< Where the choice begins; empty for wherever the user was last.
+};
+
+/// Which folder the user is to choose.
+struct FolderQuestion
+{
+    std::wstring title;
+    std::wstring folder; ///< The one that is selected at first; empty for none.
+};
+
 /// The one way in which the program asks its user. Implemented once with windows; tests
 /// give the answers. Code below the windows gets it handed in.
 class IUserPrompt
@@ -46,4 +62,10 @@ public:
     /// Has the user type a password, which fits into a rule file; nothing if the user
     /// gives none. An empty one is one too.
     virtual std::optional<std::wstring> AskPassword(PasswordPurpose purpose) = 0;
+
+    /// Has the user choose a file that exists: its full path, or nothing if the user gives up.
+    virtual std::optional<std::wstring> AskFile(const FileQuestion& question) = 0;
+
+    /// Has the user choose a folder: its full path, or nothing if the user gives up.
+    virtual std::optional<std::wstring> AskFolder(const FolderQuestion& question) = 0;
 };

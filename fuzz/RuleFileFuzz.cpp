@@ -41,6 +41,8 @@ private:
     }
     SaveAnswer AskSaveChanges(const std::wstring& /*documentName*/) override { return SaveAnswer::Cancel; }
     std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
+    std::optional<std::wstring> AskFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+    std::optional<std::wstring> AskFolder(const FolderQuestion& /*question*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
 };

@@ -5,13 +5,15 @@
 #include "Platform/Process.h"
 #include "Platform/Text.h"
 
-void RecordingPrompt::ShowBox(BoxKind /*kind*/, const std::wstring& text, const std::wstring& /*caption*/)
+void RecordingPrompt::ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& /*caption*/)
 {
+    kinds.push_back(kind);
     texts.push_back(text);
 }
 
-bool RecordingPrompt::AskYesNo(BoxKind /*kind*/, const std::wstring& text, const std::wstring& /*caption*/)
+bool RecordingPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& /*caption*/)
 {
+    kinds.push_back(kind);
     texts.push_back(text);
     return answer;
 }
@@ -26,6 +28,18 @@ std::optional<std::wstring> RecordingPrompt::AskPassword(PasswordPurpose purpose
 {
     passwordPurposes.push_back(purpose);
     return password;
+}
+
+std::optional<std::wstring> RecordingPrompt::AskFile(const FileQuestion& question)
+{
+    fileQuestions.push_back(question);
+    return path;
+}
+
+std::optional<std::wstring> RecordingPrompt::AskFolder(const FolderQuestion& question)
+{
+    folderQuestions.push_back(question);
+    return path;
 }
 
 TestApplication::TestApplication()

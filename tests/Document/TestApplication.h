@@ -20,12 +20,18 @@ public:
     bool AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption) override;
     SaveAnswer AskSaveChanges(const std::wstring& documentName) override;
     std::optional<std::wstring> AskPassword(PasswordPurpose purpose) override;
+    std::optional<std::wstring> AskFile(const FileQuestion& question) override;
+    std::optional<std::wstring> AskFolder(const FolderQuestion& question) override;
 
     std::vector<std::wstring> texts;
+    std::vector<BoxKind> kinds; // of the boxes and questions
     bool answer = false;
     SaveAnswer saveAnswer = SaveAnswer::Cancel;
     std::optional<std::wstring> password;
     std::vector<PasswordPurpose> passwordPurposes;
+    std::optional<std::wstring> path; // the file or folder that is chosen
+    std::vector<FileQuestion> fileQuestions;
+    std::vector<FolderQuestion> folderQuestions;
 };
 
 /// An application object for a test, in `g_pApp` for as long as it lives, with its settings
