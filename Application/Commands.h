@@ -32,6 +32,8 @@ enum CommandId : int
     CommandEditRuleHere, ///< Of the menu that a right click opens, like those that follow.
     CommandTickRule,
     CommandSelectAllRules,
+    CommandRuleModules,
+    CommandDatabaseModules,
     CommandScriptLocation,
 };
 
@@ -57,8 +59,12 @@ inline constexpr std::array CommandTable = {
              false },
     Command{ CommandEditRuleButton, {}, TextId::CommandEditRule, TextId::TipEditRule, wxART_EDIT, wxITEM_NORMAL, true },
     Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },
+    Command{ CommandRuleModules, TextId::MenuModules, TextId::CommandRuleModules, TextId::TipRuleModules,
+             wxART_LIST_VIEW, wxITEM_NORMAL, false },
+    Command{ CommandDatabaseModules, TextId::MenuModules, TextId::CommandDatabaseModules, TextId::TipDatabaseModules,
+             wxART_HARDDISK, wxITEM_NORMAL, false },
     Command{ CommandScriptLocation, TextId::MenuModules, TextId::CommandScriptLocation, TextId::TipScriptLocation,
-             nullptr, wxITEM_NORMAL, false },
+             nullptr, wxITEM_NORMAL, true },
     Command{ wxID_HELP, TextId::MenuHelp, TextId::CommandHelp, TextId::TipHelp, nullptr, wxITEM_NORMAL, false },
     Command{ wxID_ABOUT, TextId::MenuHelp, TextId::CommandAbout, TextId::TipAbout, nullptr, wxITEM_NORMAL, false },
 };

@@ -7,10 +7,12 @@
 #include "Authoring/ScriptLocnDlg.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
+#include "Explorer/ListCtrlEx.h"
 #include "Document/UnitSettingDlg.h"
 #include "Explorer/RuleEditorDlg.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"
+#include "Modules/ModuleRegDlgs.h"
 #include "Platform/Automation.h"
 #include "Platform/Environment.h"
 #include "Platform/Files.h"
@@ -309,6 +311,26 @@ void CQOXRMConfigModuleApp::ShowHelp(HelpTopic topic)
         m_prompt.ShowBox(BoxKind::Warning, FormatText(TextId::HelpNotShown, { path }),
                          LoadText(TextId::ApplicationTitle));
     }
+}
+
+void CQOXRMConfigModuleApp::ShowRuleModules()
+{
+    CQOXRuleConfigModuleRegDlg dialog(
+        m_mainFrame, m_modules, { GetModuleConfigFile(), Platform::ProgramFolder() },
+        [this] { OnRuleModulesChanged(); }, m_prompt);
+    dialog.DoModal();
+    if (auto* const view = dynamic_cast<CQOXRMConfigModuleView*>(m_documents->GetCurrentView()))
+    {
+        view->RuleListCtrl().SortAgain();
+    }
+}
+
+void CQOXRMConfigModuleApp::ShowDatabaseModules()
+{
+    CQOXRuleDBModuleRegDlg dialog(
+        m_mainFrame, m_modules, { GetModuleConfigFile(), Platform::ProgramFolder() },
+        [this] { OnDatabaseModulesChanged(); }, m_prompt);
+    dialog.DoModal();
 }
 
 void CQOXRMConfigModuleApp::ShowScriptLocation()

@@ -67,6 +67,8 @@ private:
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
     void ChangeUnits() override;
+    void ShowRuleModules() override;
+    void ShowDatabaseModules() override;
     void ShowScriptLocation() override;
 
     int nDocOpenState = 0;

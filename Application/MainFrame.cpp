@@ -38,6 +38,10 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ChangeUnits(); }, CommandUnitSettings);
     Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowRuleModules(); }, CommandRuleModules);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowDatabaseModules(); }, CommandDatabaseModules);
+    Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowScriptLocation(); }, CommandScriptLocation);
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);

@@ -24,6 +24,10 @@ public:
     virtual void ChangeUnits() = 0;
     virtual void ShowHelp(HelpTopic topic) = 0;
 
+    /// Has the user change which modules are configured, and brings the program in line.
+    virtual void ShowRuleModules() = 0;
+    virtual void ShowDatabaseModules() = 0;
+
     /// Has the user change the folders of scripts and of the rule database.
     virtual void ShowScriptLocation() = 0;
 };

@@ -1,5 +1,6 @@
 #include "Authoring/ScriptLocnDlg.h"
 
+#include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 #include "Utilities/UserPrompt.h"
@@ -28,6 +29,7 @@ CQOXRMScriptLocnDlg::CQOXRMScriptLocnDlg(wxWindow* parent, std::wstring& scriptF
     m_scriptFolder->ChangeValue(m_location.ScriptFolder());
     m_databaseFolder->ChangeValue(m_location.DatabaseFolder());
     Bind(wxEVT_BUTTON, &CQOXRMScriptLocnDlg::OnOK, this, wxID_OK);
+    ShowHelpOnF1(*this, HelpTopic::ScriptLocation);
     CentreOnParent();
     m_scriptFolder->SetFocus();
 }

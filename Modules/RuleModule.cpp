@@ -23,23 +23,39 @@ bool HasExports(Platform::LibraryHandle library, std::span<const char* const> na
 
 } // namespace
 
+bool RuleModule::GetModuleName(std::wstring& name) const
+{
+    const auto getName = Find<GetModuleNameFunction>("GetModuleName");
+    if (getName == nullptr)
+    {
+        return false;
+    }
+    GuardModuleCall(Path(), [&] { getName(name); });
+    return true;
+}
+
+bool RuleModule::GetModuleSummary(std::wstring& summary) const
+{
+    const auto getSummary = Find<GetModuleSummaryFunction>("GetModuleSummary");
+    if (getSummary == nullptr)
+    {
+        return false;
+    }
+    GuardModuleCall(Path(), [&] { getSummary(summary); });
+    return true;
+}
+
 std::wstring RuleModule::DisplayName() const
 {
     std::wstring name = Platform::FileNamePart(Path());
-    if (const auto getName = Find<GetModuleNameFunction>("GetModuleName"))
-    {
-        GuardModuleCall(Path(), [&] { getName(name); });
-    }
+    GetModuleName(name);
     return name;
 }
 
 std::wstring RuleModule::Summary() const
 {
     std::wstring summary;
-    if (const auto getSummary = Find<GetModuleSummaryFunction>("GetModuleSummary"))
-    {
-        GuardModuleCall(Path(), [&] { getSummary(summary); });
-    }
+    GetModuleSummary(summary);
     return summary;
 }
 

@@ -18,6 +18,12 @@ public:
     /// Full path of the module's library.
     std::wstring Path() const { return Platform::LibraryPath(m_library); }
 
+    /// Has the module change `name` to its own. False if it doesn't export `GetModuleName`.
+    bool GetModuleName(std::wstring& name) const;
+
+    /// Same for what it is for, by `GetModuleSummary`.
+    bool GetModuleSummary(std::wstring& summary) const;
+
     /// What `GetModuleName` gives, else the file name of the library.
     std::wstring DisplayName() const;
 

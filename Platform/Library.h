@@ -18,6 +18,13 @@ using LibraryHandle = void*;
 /// Address of an exported function. Cast to its type by the caller.
 using LibrarySymbol = void (*)();
 
+/// What the files of libraries end with on this system, the dot included.
+extern const wchar_t* const LibrarySuffix;
+
+/// True if a file lies at the path, under the name as it is written or with the system's own
+/// suffix, whatever is in it. A folder is no file.
+bool LibraryFileExists(const std::wstring& path);
+
 /// Loads a library by path or bare name. Null if it can't be found or isn't one.
 LibraryHandle OpenLibraryFile(const std::wstring& path);
 

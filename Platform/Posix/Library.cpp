@@ -14,6 +14,9 @@
 
 namespace Platform
 {
+
+const wchar_t* const LibrarySuffix = L".so";
+
 namespace
 {
 
@@ -156,6 +159,11 @@ bool NamesRecord(const link_map& record, std::wstring_view name, bool bare)
 }
 
 } // namespace
+
+bool LibraryFileExists(const std::wstring& path)
+{
+    return !path.empty() && (Posix::FindLibraryFile(path) || Posix::FindLibraryFile(WithSystemSuffix(path)));
+}
 
 LibraryHandle OpenLibraryFile(const std::wstring& path)
 {

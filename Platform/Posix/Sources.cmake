@@ -32,6 +32,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/InstanceSocket.cpp
     Posix/Library.cpp
     Posix/LibraryFile.cpp
+    Posix/LibraryTrial.cpp
     Posix/Locale.cpp
     Posix/Memory.cpp
     Posix/PathStyle.cpp

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+/// Loading of libraries that nothing is known about.
+namespace Platform
+{
+
+/// Loads a library in a process of its own, where what it does as it is loaded can't harm the
+/// running program. False if it can't be loaded, ends that process or takes longer than ten
+/// seconds; true also if no process can be made. It runs no other code of the library.
+bool LoadsWithoutHarm(const std::wstring& path);
+
+} // namespace Platform

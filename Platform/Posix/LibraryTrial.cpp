@@ -1,0 +1,79 @@
+#include "Platform/LibraryTrial.h"
+
+#include "Platform/Library.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Platform
+{
+namespace
+{
+
+constexpr unsigned int LimitSeconds = 10;
+constexpr unsigned int FirstFileOfOurs = 3;
+
+enum Outcome : int
+{
+    Loaded = 0,
+    NotLoaded = 1,
+    LibraryEndedTheProcess = 2,
+};
+
+/// Cuts the new process off from all that it shares with the program: files and sockets that
+/// are open, what runs at the program's end, output.
+void CutOff()
+{
+    const rlimit none = {};
+    ::setrlimit(RLIMIT_CORE, &none);
+    for (const int number : { SIGALRM, SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL })
+    {
+        std::signal(number, SIG_DFL);
+    }
+    sigset_t alarmOnly;
+    ::sigemptyset(&alarmOnly);
+    ::sigaddset(&alarmOnly, SIGALRM);
+    ::sigprocmask(SIG_UNBLOCK, &alarmOnly, nullptr);
+    ::alarm(LimitSeconds);
+
+    const int nowhere = ::open("/dev/null", O_RDWR);
+    for (int file = 0; file < static_cast<int>(FirstFileOfOurs); ++file)
+    {
+        ::dup2(nowhere, file);
+    }
+    ::close_range(FirstFileOfOurs, ~0U, 0);
+    // What is registered last runs first: a library that calls `exit` ends here.
+    std::atexit([] { ::_exit(LibraryEndedTheProcess); });
+}
+
+} // namespace
+
+bool LoadsWithoutHarm(const std::wstring& path)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+    {
+        CutOff();
+        ::_exit(OpenLibraryFile(path) != nullptr ? Loaded : NotLoaded);
+    }
+    if (child < 0)
+    {
+        return true;
+    }
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0)
+    {
+        if (errno != EINTR)
+        {
+            return true;
+        }
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == Loaded;
+}
+
+} // namespace Platform

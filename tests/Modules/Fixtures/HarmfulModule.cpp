@@ -1,0 +1,25 @@
+// Libraries that do harm as they are loaded, in the way that is chosen by a definition.
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace
+{
+
+struct HarmfulStart
+{
+    HarmfulStart()
+    {
+#if defined(HARM_ABORTS)
+        std::abort();
+#elif defined(HARM_EXITS)
+        std::exit(0);
+#elif defined(HARM_THROWS)
+        throw std::runtime_error("a library failed");
+#endif
+    }
+};
+
+const HarmfulStart harmfulStart;
+
+} // namespace

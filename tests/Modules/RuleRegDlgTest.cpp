@@ -1,0 +1,321 @@
+#include "Modules/ModuleRegDlgs.h"
+
+#include "Platform/Files.h"
+#include "Platform/Text.h"
+#include "tests/Document/TestApplication.h"
+#include "tests/Support/ShownDialog.h"
+#include "tests/Support/TestFiles.h"
+
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/init.h>
+#include <wx/listctrl.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace
+{
+
+using testing::HasSubstr;
+
+constexpr const wchar_t* Complete = L"TestModuleComplete";
+constexpr const wchar_t* Second = L"TestModuleSecond";
+
+class RuleRegDlgTest : public testing::Test
+{
+protected:
+    RuleRegDlgTest()
+    {
+        const std::wstring original = TestModulePath(L"TestModuleNoRules");
+        std::filesystem::copy_file(
+            Platform::NativePath(original.substr(0, original.size() - 4) + Platform::LibrarySuffix),
+            Platform::NativePath(folder.File(std::wstring(L"QoxMillRulesu") + Platform::LibrarySuffix)));
+    }
+    ~RuleRegDlgTest() override
+    {
+        registration.reset();
+        ModuleSet::Handles toFree;
+        application.Modules().ConfigModulePaths().clear();
+        application.Modules().LoadConfigModules(toFree);
+        ModuleSet::FreeModules(toFree);
+    }
+
+    void Make(const std::vector<std::wstring>& configured)
+    {
+        application.LoadRuleModules(configured);
+        registration = std::make_unique<CQOXRuleConfigModuleRegDlg>(
+            nullptr, application.Modules(), ModuleRegistration::Places{ config, folder.Path() },
+            [this]
+            {
+                ++reloads;
+                ModuleSet::Handles toFree;
+                application.Modules().LoadConfigModules(toFree);
+                ModuleSet::FreeModules(toFree);
+            },
+            application.prompt);
+    }
+
+    CQOXRuleRegDlg& Dialog() { return registration->Dialog(); }
+    wxListCtrl& Configured() { return *ControlsOf<wxListCtrl>(Dialog()).at(0); }
+    wxListCtrl& Defaults() { return *ControlsOf<wxListCtrl>(Dialog()).at(1); }
+    wxTextCtrl& Field() { return *ControlsOf<wxTextCtrl>(Dialog()).at(0); }
+    wxTextCtrl& Path() { return *ControlsOf<wxTextCtrl>(Dialog()).at(1); }
+    wxTextCtrl& Summary() { return *ControlsOf<wxTextCtrl>(Dialog()).at(2); }
+    wxButton& Remove() { return *ControlsOf<wxButton>(Dialog()).at(0); }
+    wxButton& Reset() { return *ControlsOf<wxButton>(Dialog()).at(1); }
+    wxButton& Browse() { return *ControlsOf<wxButton>(Dialog()).at(2); }
+    wxButton& Add() { return *ControlsOf<wxButton>(Dialog()).at(3); }
+    wxWindow& Ok() { return *Dialog().FindWindow(wxID_OK); }
+    wxWindow& Cancel() { return *Dialog().FindWindow(wxID_CANCEL); }
+    wxWindow* Default() { return Dialog().GetDefaultItem(); }
+
+    std::vector<std::wstring> Rows()
+    {
+        std::vector<std::wstring> rows;
+        for (int row = 0; row < Configured().GetItemCount(); ++row)
+        {
+            rows.push_back(Configured().GetItemText(row).ToStdWstring());
+        }
+        return rows;
+    }
+
+    /// Adds a module by its path.
+    void AddTyped(const std::wstring& name)
+    {
+        Field().SetValue(TestModulePath(name));
+        ClickOn(Add());
+    }
+
+    static bool IsLoaded(const std::wstring& name)
+    {
+        return Platform::FindLoadedLibrary(TestModulePath(name)) != nullptr;
+    }
+
+    TestApplication application;
+    TemporaryFolder folder;
+    std::wstring config = folder.File(L"ConfigModule.ini");
+    std::unique_ptr<CQOXRuleConfigModuleRegDlg> registration;
+    int reloads = 0;
+};
+
+} // namespace
+
+TEST_F(RuleRegDlgTest, AtFirstTheModulesAreListedAndNothingIsToBeConfirmed)
+{
+    Make({ Complete, Second, L"TestModuleNoName" });
+    EXPECT_EQ(Dialog().GetTitle(), "Rule Modules");
+    EXPECT_EQ(Rows(), (std::vector<std::wstring>{ L"Complete Test Module", L"Second Test Module" }))
+        << "a module without a name has no row";
+    EXPECT_EQ(Defaults().GetItemCount(), 1);
+    EXPECT_EQ(Defaults().GetItemText(0), "Test Module Without Rules");
+    EXPECT_EQ(Configured().GetSelectedItemCount(), 1);
+    EXPECT_EQ(Path().GetValue(), TestModulePath(Second));
+    EXPECT_EQ(Summary().GetValue(), "Summary of TestModuleSecond\n");
+    EXPECT_FALSE(Path().IsEditable());
+    EXPECT_FALSE(Summary().IsEditable());
+    EXPECT_FALSE(Ok().IsEnabled());
+    EXPECT_FALSE(Reset().IsEnabled());
+    EXPECT_FALSE(Add().IsEnabled());
+    EXPECT_TRUE(Remove().IsEnabled());
+    EXPECT_EQ(Default(), &Add());
+}
+
+TEST_F(RuleRegDlgTest, TheFieldHasTheKeyboardAndReturnRemovesNothing)
+{
+    Make({ Complete });
+    const int result = RunDialog(Dialog(),
+                                 [this]
+                                 {
+                                     EXPECT_EQ(wxWindow::FindFocus(), &Field());
+                                     wxUIActionSimulator().Char(WXK_RETURN);
+                                     wxYield();
+                                     EXPECT_EQ(Rows().size(), 1u);
+                                     EXPECT_TRUE(Dialog().IsModal());
+                                     wxUIActionSimulator().Char(WXK_ESCAPE);
+                                 });
+    EXPECT_NE(result, wxID_OK);
+}
+
+TEST_F(RuleRegDlgTest, TextInTheFieldMakesAddTheDefaultAndItStaysEnabled)
+{
+    Make({ Complete });
+    Field().SetValue("x");
+    EXPECT_TRUE(Add().IsEnabled());
+    EXPECT_EQ(Default(), &Add());
+    Field().SetValue("");
+    EXPECT_TRUE(Add().IsEnabled());
+}
+
+TEST_F(RuleRegDlgTest, AnAddedModuleIsSelectedAndCanBeConfirmedOrReset)
+{
+    Make({ Complete });
+    AddTyped(Second);
+    EXPECT_EQ(Rows().back(), L"Second Test Module");
+    EXPECT_NE(Configured().GetItemState(1, wxLIST_STATE_SELECTED), 0);
+    EXPECT_EQ(Path().GetValue(), TestModulePath(Second));
+    EXPECT_TRUE(Ok().IsEnabled());
+    EXPECT_TRUE(Reset().IsEnabled());
+    EXPECT_EQ(Default(), &Ok());
+    EXPECT_TRUE(Field().IsEmpty());
+}
+
+TEST_F(RuleRegDlgTest, ARefusedModuleIsToldTheFieldEmptiedAndNothingElseChanges)
+{
+    Make({ Complete });
+    AddTyped(L"TestModuleEmpty");
+    EXPECT_EQ(Rows().size(), 1u);
+    EXPECT_EQ(application.prompt.texts.size(), 1u);
+    EXPECT_TRUE(Field().IsEmpty());
+    EXPECT_FALSE(Ok().IsEnabled());
+    EXPECT_FALSE(Reset().IsEnabled());
+}
+
+TEST_F(RuleRegDlgTest, AChosenDefaultModuleIsAddedWhileTheFieldIsEmpty)
+{
+    Make({});
+    Defaults().SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    EXPECT_TRUE(Add().IsEnabled());
+    EXPECT_EQ(Default(), &Add());
+    ClickOn(Add());
+    EXPECT_EQ(Rows(), std::vector<std::wstring>{ L"Test Module Without Rules" });
+    EXPECT_EQ(Path().GetValue(), folder.File(L"QoxMillRulesu.dll"));
+}
+
+TEST_F(RuleRegDlgTest, RemovingTakesTheSelectedRowsAndSelectsTheLastThatIsLeft)
+{
+    Make({ Complete, Second, L"TestModuleNoRules" });
+    Configured().SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    ClickOn(Remove()); // rows 0 and 2
+    EXPECT_EQ(Rows(), std::vector<std::wstring>{ L"Second Test Module" });
+    EXPECT_EQ(Path().GetValue(), TestModulePath(Second));
+    EXPECT_TRUE(Remove().IsEnabled());
+    EXPECT_TRUE(Ok().IsEnabled());
+    EXPECT_TRUE(Reset().IsEnabled());
+    EXPECT_EQ(Default(), &Ok());
+    ClickOn(Remove());
+    EXPECT_TRUE(Rows().empty());
+    EXPECT_FALSE(Remove().IsEnabled());
+    EXPECT_TRUE(Path().IsEmpty());
+    EXPECT_TRUE(Summary().IsEmpty());
+    EXPECT_EQ(Default(), &Ok());
+    EXPECT_TRUE(IsLoaded(Complete)) << "nothing is released yet";
+}
+
+TEST_F(RuleRegDlgTest, WithoutASelectionRemoveIsOffAndCancelTheDefault)
+{
+    Make({ Complete });
+    Configured().SetItemState(0, 0, wxLIST_STATE_SELECTED);
+    EXPECT_FALSE(Remove().IsEnabled());
+    EXPECT_EQ(Default(), &Cancel());
+    Configured().SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    EXPECT_TRUE(Remove().IsEnabled());
+    EXPECT_EQ(Default(), &Remove());
+}
+
+TEST_F(RuleRegDlgTest, ResetReleasesWhatWasAddedAndStartsAgain)
+{
+    Make({ Complete });
+    AddTyped(Second);
+    ClickOn(Reset());
+    EXPECT_FALSE(IsLoaded(Second));
+    EXPECT_EQ(Rows(), std::vector<std::wstring>{ L"Complete Test Module" });
+    EXPECT_EQ(Defaults().GetItemCount(), 1);
+    EXPECT_EQ(Configured().GetColumnCount(), 1);
+    EXPECT_FALSE(Ok().IsEnabled());
+    EXPECT_FALSE(Reset().IsEnabled());
+    EXPECT_EQ(Default(), &Add());
+}
+
+TEST_F(RuleRegDlgTest, F1ShowsTheHelpOfTheKind)
+{
+    Make({ Complete });
+    RunDialog(Dialog(),
+              [this]
+              {
+                  wxUIActionSimulator().Char(WXK_F1);
+                  wxYield();
+                  wxUIActionSimulator().Char(WXK_ESCAPE);
+              });
+    EXPECT_EQ(application.helpTopics, std::vector{ HelpTopic::RuleModules });
+}
+
+TEST_F(RuleRegDlgTest, OkSavesAndThenReloads)
+{
+    Make({ Complete });
+    Dialog().CallAfter(
+        [this]
+        {
+            AddTyped(Second);
+            ClickOn(Dialog(), wxID_OK);
+        });
+    EXPECT_EQ(registration->DoModal(), wxID_OK);
+    EXPECT_EQ(reloads, 1);
+    EXPECT_EQ(application.Modules().ConfigModules().size(), 2u);
+    EXPECT_THAT(ReadBytes(config), HasSubstr(" module2=" + Platform::ToCodePage(TestModulePath(Second)) + "\n"));
+    Platform::ReleaseLibrary(application.Modules().ConfigModules().back()); // the load of the dialog
+}
+
+TEST_F(RuleRegDlgTest, CancelReleasesWhatWasAddedAndChangesNothing)
+{
+    Make({ Complete });
+    Dialog().CallAfter(
+        [this]
+        {
+            AddTyped(Second);
+            ClickOn(Remove());
+            ClickOn(Remove());
+            ClickOn(Dialog(), wxID_CANCEL);
+        });
+    EXPECT_NE(registration->DoModal(), wxID_OK);
+    EXPECT_EQ(reloads, 0);
+    EXPECT_FALSE(IsLoaded(Second));
+    EXPECT_TRUE(IsLoaded(Complete));
+    EXPECT_FALSE(Platform::PathExists(config));
+    EXPECT_EQ(application.Modules().ConfigModulePaths().size(), 1u);
+}
+
+TEST_F(RuleRegDlgTest, TheFileDialogStartsInTheFolderOfTheFieldOrInTheProgramsAndItsChoiceGoesIntoTheField)
+{
+    Make({});
+    application.prompt.path = TestModulePath(Second);
+    ClickOn(Browse());
+    EXPECT_EQ(Field().GetValue(), TestModulePath(Second));
+    ASSERT_EQ(application.prompt.fileQuestions.size(), 1u);
+    const FileQuestion& question = application.prompt.fileQuestions.front();
+    EXPECT_EQ(question.folder, folder.Path());
+    EXPECT_EQ(question.pattern, std::wstring(L"*") + Platform::LibrarySuffix);
+    EXPECT_EQ(question.filterName, L"Rule Modules(*" + std::wstring(Platform::LibrarySuffix) + L")");
+
+    const std::wstring other = folder.File(L"other");
+    ASSERT_TRUE(Platform::MakeFolder(other));
+    Field().SetValue(other);
+    ClickOn(Browse());
+    EXPECT_EQ(application.prompt.fileQuestions.back().folder, other);
+
+    application.prompt.path.reset();
+    ClickOn(Browse());
+    EXPECT_EQ(Field().GetValue(), TestModulePath(Second)) << "giving up leaves the field";
+}
+
+TEST_F(RuleRegDlgTest, TheDialogOfDatabaseModulesIsTheSameWithItsOwnData)
+{
+    application.LoadDatabaseModules({ L"TestDatabaseComplete" });
+    CQOXRuleDBModuleRegDlg databases(
+        nullptr, application.Modules(), { config, folder.Path() }, [] {}, application.prompt);
+    EXPECT_EQ(databases.Dialog().GetTitle(), "Database Modules");
+    EXPECT_EQ(ControlsOf<wxListCtrl>(databases.Dialog()).at(1)->GetItemCount(), 0);
+}
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    wxApp::SetInstance(new wxApp); // owned by the toolkit
+    const wxInitializer toolkit(argc, argv);
+    return toolkit.IsOk() ? RUN_ALL_TESTS() : 1;
+}
