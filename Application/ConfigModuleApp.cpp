@@ -7,7 +7,6 @@
 #include "Authoring/ScriptLocnDlg.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
-#include "Explorer/ListCtrlEx.h"
 #include "Document/UnitSettingDlg.h"
 #include "Explorer/RuleEditorDlg.h"
 #include "Modules/FrameworkLibrary.h"
@@ -321,7 +320,7 @@ void CQOXRMConfigModuleApp::ShowRuleModules()
     dialog.DoModal();
     if (auto* const view = dynamic_cast<CQOXRMConfigModuleView*>(m_documents->GetCurrentView()))
     {
-        view->RuleListCtrl().SortAgain();
+        view->SortAgain();
     }
 }
 
