@@ -49,7 +49,7 @@ constexpr std::array DraftAngles = {
 };
 
 constexpr std::array RibSizes = {
-    NumberParam(1, L"MaximumThicknessPercent", DieCastRibsMaximumThicknessPercent, { 80, 30, 150 }),
+    NumberParam(1, L"MaximumThicknessPercent", DieCastRibsMaximumThicknessPercent, { 75, 30, 150 }),
     NumberParam(2, L"MaximumHeightRatio", DieCastRibsMaximumHeightRatio, { 5, 1, 20 }),
     NumberParam(3, L"MinimumSpacingRatio", DieCastRibsMinimumSpacingRatio, { 1, 0, 10 }),
 };
