@@ -8,6 +8,7 @@
 #include "Document/ConfigModuleDoc.h"
 #include "Document/ModuleReload.h"
 #include "Document/UnitSettingDlg.h"
+#include "Explorer/ListCtrlEx.h"
 #include "Explorer/RuleEditorDlg.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleConfiguration.h"

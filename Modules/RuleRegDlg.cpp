@@ -28,7 +28,7 @@ constexpr int ConfiguredColumn = 150;
 constexpr int DefaultColumn = 100;
 constexpr int ConfiguredWidth = 300;
 constexpr int DefaultWidth = 230;
-constexpr int SummaryHeight = 80;
+constexpr int SummaryHeight = 110;
 constexpr double ColumnRoom = 1.1;
 
 void WidenFirstColumn(wxListCtrl& list, const std::wstring& text)

@@ -562,6 +562,72 @@ class ProgramTest(unittest.TestCase):
         self.wait_until(lambda: self.chosen_units() == ["meters", "radians"], "the choice that started there")
         self.close(process)
 
+    def section(self, name):
+        """The lines of a section of the configuration file, without its header."""
+        lines = read_bytes(self.settings("ConfigModule.ini")).decode().splitlines()
+        start = lines.index(f" [{name}]") + 1
+        end = next((index for index in range(start, len(lines)) if lines[index].startswith(" [")), len(lines))
+        return [line.strip() for line in lines[start:end]]
+
+    def test_rules_of_modules_that_are_removed_leave_an_open_file_that_was_changed(self):
+        path = self.copy_sample("milled-bracket.vrf")
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("End", "space")
+        self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
+        while self.section("RULE_CONFIGURATION_MODULES"):
+            self.press("alt+m", "r")
+            self.focus("^Rule Modules$")
+            self.press("alt+r")  # takes the last one
+            self.wait_until(
+                lambda: self.press("alt+o") or "Rule Modules" not in self.titles(), "the end of the dialog")
+            self.focus(r"^milled-bracket.vrf\* - ")
+        self.focus(r"^milled-bracket.vrf\* - ")
+        self.press("ctrl+s")
+        self.wait_until(lambda: self.rule_names(path) == [], "no rule in the file")
+        self.focus("^milled-bracket.vrf - ")
+        self.close(process)
+
+    def test_a_module_that_is_added_brings_its_rules_and_the_numbers_have_no_gap(self):
+        module = os.path.join(os.path.dirname(PROGRAM), "QoxMillRulesu.dll")
+        os.makedirs(os.path.dirname(self.settings("ConfigModule.ini")))
+        with open(self.settings("ConfigModule.ini"), "w", encoding="utf-8") as file:
+            file.write(f"[RULE_CONFIGURATION_MODULES]\nmodule1={os.path.dirname(PROGRAM)}/QoxSMRulesu.dll\n"
+                       "module12=/none.dll\n")
+        path = self.copy_sample("milled-bracket.vrf")
+        process = self.start(path)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("alt+m", "r")
+        self.focus("^Rule Modules$")
+        xdotool("type", "--clearmodifiers", module.upper())
+        self.press("alt+a")
+        self.wait_until(
+            lambda: self.press("alt+o") or self.section("RULE_CONFIGURATION_MODULES")
+            == [f"module1={os.path.dirname(PROGRAM)}/QoxSMRulesu.dll", f"module2={module}"],
+            "both modules in the file")
+        self.focus("^milled-bracket.vrf - ")
+        self.press("ctrl+a", "space", "ctrl+s")
+        self.wait_until(lambda: any(name.startswith("Mill") for name in self.rule_names(path)), "rules of the module")
+        self.close(process)
+
+    def test_a_new_script_folder_is_made_and_stored(self):
+        folder = os.path.join(self.folder, "R\u00e8gles")
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.press("alt+m", "s")
+        self.focus("^Script Location$")
+        self.press("ctrl+a")
+        xdotool("type", "--clearmodifiers", folder)
+        self.press("alt+o")
+        self.focus("^Vantrel Rule Manager$")  # asks whether to create it
+        self.press("alt+y")
+        self.wait_until(lambda: os.path.isdir(folder), "the folder")
+        self.focus("^Vantrel Rule Manager$")  # warns of the open document
+        self.press("Return")
+        self.wait_until(lambda: self.section("RULE_SCRIPT_LOCATION") == [f"directory={folder}"], "the folder in the file")
+        self.focus("^unnamed1 - ")
+        self.close(process)
+
     def test_without_a_document_the_unit_command_does_nothing(self):
         process = self.start()
         self.focus("^unnamed1 - ")
