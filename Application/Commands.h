@@ -42,7 +42,7 @@ inline constexpr std::array EditRuleCommands = { CommandEditRule, CommandEditRul
 
 /// The menus of the main window, in their order.
 inline constexpr std::array MenuTable = { TextId::MenuFile, TextId::MenuEdit, TextId::MenuView, TextId::MenuModules,
-                                         TextId::MenuHelp };
+                                          TextId::MenuHelp };
 
 inline constexpr std::array CommandTable = {
     Command{ wxID_NEW, TextId::MenuFile, TextId::CommandNew, TextId::TipNew, wxART_NEW, wxITEM_NORMAL, false },

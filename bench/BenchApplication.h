@@ -4,7 +4,7 @@
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleSet.h"
-#include "Utilities/UserPrompt.h"
+#include "tests/Support/SilentPrompt.h"
 
 #include <Vantrel/PointerArray.h>
 
@@ -12,7 +12,7 @@
 
 /// An application object with the rule modules of the stage, in `g_pApp` for as long as it
 /// lives, and a folder for the files of a benchmark.
-class BenchApplication : public IRuleApplication, private IUserPrompt
+class BenchApplication : public IRuleApplication, private SilentPrompt
 {
 public:
     /// Loads the modules. Throws if one is missing.
@@ -37,16 +37,6 @@ public:
     void GiveBack(PointerArray& rules) const;
 
 private:
-    void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override {}
-    bool AskYesNo(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override
-    {
-        return false;
-    }
-    SaveAnswer AskSaveChanges(const std::wstring& /*documentName*/) override { return SaveAnswer::Cancel; }
-    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
-    std::optional<std::wstring> AskFile(const FileQuestion& /*question*/) override { return std::nullopt; }
-    std::optional<std::wstring> AskFolder(const FolderQuestion& /*question*/) override { return std::nullopt; }
-
     BenchFolder m_folder;
     ModuleSet m_modules;
 };

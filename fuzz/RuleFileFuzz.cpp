@@ -8,7 +8,7 @@
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/ModuleSet.h"
-#include "Utilities/UserPrompt.h"
+#include "tests/Support/SilentPrompt.h"
 
 #include <Vantrel/QoxRule.h>
 
@@ -22,7 +22,7 @@ namespace
 {
 
 /// An application without modules, so that the user-defined rules are what is read.
-class FuzzApplication : public IRuleApplication, private IUserPrompt
+class FuzzApplication : public IRuleApplication, private SilentPrompt
 {
 public:
     ModuleSet& Modules() override { return m_modules; }
@@ -35,14 +35,6 @@ public:
 
 private:
     void ShowBox(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override { ++boxes; }
-    bool AskYesNo(BoxKind /*kind*/, const std::wstring& /*text*/, const std::wstring& /*caption*/) override
-    {
-        return false;
-    }
-    SaveAnswer AskSaveChanges(const std::wstring& /*documentName*/) override { return SaveAnswer::Cancel; }
-    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
-    std::optional<std::wstring> AskFile(const FileQuestion& /*question*/) override { return std::nullopt; }
-    std::optional<std::wstring> AskFolder(const FolderQuestion& /*question*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
 };

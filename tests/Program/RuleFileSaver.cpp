@@ -17,7 +17,7 @@
 #include "Platform/Files.h"
 #include "Platform/Process.h"
 #include "Platform/Text.h"
-#include "Utilities/UserPrompt.h"
+#include "tests/Support/SilentPrompt.h"
 
 #include <Vantrel/PointerArray.h>
 #include <Vantrel/VantrelLog.h>
@@ -38,7 +38,7 @@ void Tell(const std::string& line)
 }
 
 /// The application object with all rule modules of the stage.
-class SaverApplication : public IRuleApplication, private IUserPrompt
+class SaverApplication : public IRuleApplication, private SilentPrompt
 {
 public:
     SaverApplication()
@@ -60,6 +60,7 @@ public:
     Platform::LibraryHandle Framework() override { return LoadFrameworkLibrary(); }
     IUserPrompt& Prompt() override { return *this; }
     void SetDocOpenState(int /*state*/) override {}
+    void ShowHelp(HelpTopic /*topic*/) override {}
 
 private:
     static std::wstring StagedLibrary(const std::wstring& name)
@@ -77,8 +78,6 @@ private:
         Tell("box " + Platform::WideToUtf8(text));
         return false;
     }
-    SaveAnswer AskSaveChanges(const std::wstring& /*documentName*/) override { return SaveAnswer::Cancel; }
-    std::optional<std::wstring> AskPassword(PasswordPurpose /*purpose*/) override { return std::nullopt; }
 
     ModuleSet m_modules;
 };
