@@ -1,6 +1,5 @@
 #include "Explorer/TextWidths.h"
 
-#include <cstdint>
 #include <limits>
 
 namespace
@@ -10,7 +9,7 @@ namespace
 /// shape or place beside their neighbours.
 bool StandsAlone(wchar_t character)
 {
-    const auto code = static_cast<std::uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     return (code >= 0x20 && code < 0x300) || (code >= 0x3000 && code < 0xa000) || (code >= 0xac00 && code < 0xd7a4) ||
            (code >= 0xff00 && code < 0xfff0);
 }

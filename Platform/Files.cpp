@@ -1,6 +1,10 @@
 #include "Platform/Files.h"
 
+#include "Platform/FolderEntries.h"
+
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 namespace Platform
@@ -16,6 +20,19 @@ std::wstring FolderPart(std::wstring_view path)
 {
     const std::size_t separator = path.rfind(PathSeparator);
     return std::wstring(separator == std::wstring_view::npos ? std::wstring_view() : path.substr(0, separator));
+}
+
+std::optional<std::vector<std::wstring>> NamesInFolder(const std::wstring& path)
+{
+    std::optional<std::vector<FolderEntry>> entries = FolderEntries(path);
+    if (!entries)
+    {
+        return std::nullopt;
+    }
+    std::vector<std::wstring> names;
+    std::transform(entries->begin(), entries->end(), std::back_inserter(names),
+                   [](FolderEntry& entry) { return std::move(entry.name); });
+    return names;
 }
 
 FileBytes::FileBytes(void* data, std::size_t size) : m_data(data), m_size(size) {}

@@ -1,25 +1,20 @@
 #include "Platform/FolderEntries.h"
 
 #include "Platform/Files.h"
+#include "Platform/Posix/FolderHandle.h"
 #include "Platform/Posix/PathBytes.h"
 
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace Platform
 {
 namespace
 {
-
-struct FolderCloser
-{
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 bool IsFolder(DIR* folder, const dirent& entry)
 {
@@ -35,12 +30,13 @@ bool IsFolder(DIR* folder, const dirent& entry)
 
 std::optional<std::vector<FolderEntry>> FolderEntries(const std::wstring& folder)
 {
-    const std::unique_ptr<DIR, FolderCloser> open(::opendir(NativePath(folder).c_str()));
+    const Posix::FolderHandle open(::opendir(NativePath(folder).c_str()));
     if (open == nullptr)
     {
         return std::nullopt;
     }
     std::vector<FolderEntry> entries;
+    errno = 0;
     while (const dirent* const entry = ::readdir(open.get()))
     {
         const std::string_view name = entry->d_name;
@@ -48,8 +44,9 @@ std::optional<std::vector<FolderEntry>> FolderEntries(const std::wstring& folder
         {
             entries.push_back({ Posix::PathText(name), IsFolder(open.get(), *entry) });
         }
+        errno = 0; // only an error of the listing itself counts
     }
-    return entries;
+    return errno == 0 ? std::optional(std::move(entries)) : std::nullopt;
 }
 
 bool RemoveEmptyFolder(const std::wstring& folder)

@@ -2,15 +2,10 @@
 #include "Platform/Posix/Descriptor.h"
 #include "Platform/Posix/PathBytes.h"
 
-#include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
-#include <string_view>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
-#include <utility>
 
 namespace Platform
 {
@@ -19,11 +14,6 @@ namespace
 
 constexpr mode_t AllMayUse = 0777; // as far as the user's mask goes
 constexpr mode_t UserOnly = 0700;
-
-struct FolderCloser
-{
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 bool MakeOneFolder(const std::wstring& path, mode_t mode)
 {
@@ -77,27 +67,6 @@ bool MakeFolderTree(const std::wstring& path)
 bool MakePrivateFolderTree(const std::wstring& path)
 {
     return MakeFolders(path, UserOnly);
-}
-
-std::optional<std::vector<std::wstring>> NamesInFolder(const std::wstring& path)
-{
-    const std::unique_ptr<DIR, FolderCloser> folder(::opendir(NativePath(path).c_str()));
-    if (folder == nullptr)
-    {
-        return std::nullopt;
-    }
-    std::vector<std::wstring> names;
-    errno = 0;
-    while (const dirent* const entry = ::readdir(folder.get()))
-    {
-        const std::string_view name = entry->d_name;
-        if (name != "." && name != "..")
-        {
-            names.push_back(Posix::PathText(name));
-        }
-        errno = 0; // only an error of the listing itself counts
-    }
-    return errno == 0 ? std::optional(std::move(names)) : std::nullopt;
 }
 
 } // namespace Platform

@@ -1,12 +1,11 @@
 #include "Platform/Posix/LibraryFile.h"
 
 #include "Platform/Files.h"
+#include "Platform/Posix/FolderHandle.h"
 #include "Platform/Posix/PathBytes.h"
 #include "Platform/Text.h"
 
 #include <algorithm>
-#include <dirent.h>
-#include <memory>
 #include <sys/stat.h>
 #include <vector>
 
@@ -14,11 +13,6 @@ namespace Platform::Posix
 {
 namespace
 {
-
-struct FolderCloser
-{
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 bool HasKind(const std::string& path, mode_t kind)
 {
@@ -31,7 +25,7 @@ bool HasKind(const std::string& path, mode_t kind)
 std::vector<std::string> MatchingNames(const std::string& folder, const std::wstring& wanted)
 {
     std::vector<std::string> names;
-    const std::unique_ptr<DIR, FolderCloser> open(::opendir(folder.empty() ? "/" : folder.c_str()));
+    const FolderHandle open(::opendir(folder.empty() ? "/" : folder.c_str()));
     while (const dirent* entry = open ? ::readdir(open.get()) : nullptr)
     {
         if (EqualsNoCase(PathText(entry->d_name), wanted))

@@ -1,12 +1,11 @@
 #include "Platform/RunningProcesses.h"
 
+#include "Platform/Posix/FolderHandle.h"
 #include "Platform/Posix/PathBytes.h"
 #include "Platform/Posix/ProgramFile.h"
 
 #include <charconv>
 #include <csignal>
-#include <dirent.h>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -16,11 +15,6 @@ namespace Platform
 {
 namespace
 {
-
-struct FolderCloser
-{
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 std::optional<std::wstring> FileNameOf(std::uint32_t id)
 {
@@ -32,7 +26,7 @@ std::optional<std::wstring> FileNameOf(std::uint32_t id)
 
 std::optional<std::vector<RunningProcess>> RunningProcesses()
 {
-    const std::unique_ptr<DIR, FolderCloser> folder(::opendir("/proc"));
+    const Posix::FolderHandle folder(::opendir("/proc"));
     if (folder == nullptr)
     {
         return std::nullopt;

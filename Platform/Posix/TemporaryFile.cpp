@@ -1,13 +1,13 @@
 #include "Platform/Posix/TemporaryFile.h"
 
+#include "Platform/Posix/FolderHandle.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <poll.h>
 #include <random>
 #include <sys/file.h>
@@ -44,11 +44,6 @@ void RemoveIfLeftOver(int folder, const char* name, time_t now)
         ::unlinkat(folder, name, 0);
     }
 }
-
-struct FolderCloser
-{
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 } // namespace
 
@@ -177,7 +172,7 @@ bool TemporaryFile::TakePlaceOf(const std::string& target)
 
 void TemporaryFile::RemoveLeftOvers() const
 {
-    const std::unique_ptr<DIR, FolderCloser> folder(::opendir(m_folder.c_str()));
+    const FolderHandle folder(::opendir(m_folder.c_str()));
     struct stat now = {};
     if (folder == nullptr || ::fstat(m_lock.Get(), &now) != 0)
     {

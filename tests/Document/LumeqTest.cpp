@@ -47,7 +47,7 @@ TEST_F(LumeqTest, AFreshRecordListsNoRules)
 
 TEST_F(LumeqTest, AFreshRecordHasTheUnitsOfTheUsersSettingsAndNoneBefore)
 {
-    CQOXRMLumeq(); // makes the folders
+    const CQOXRMLumeq maker; // of the folders
     WriteBytes(settings.UnitsFile(),
                "<Settings><Units><Linear>inches</Linear><Angular>radians</Angular></Units></Settings>");
     const CQOXRMLumeq record;

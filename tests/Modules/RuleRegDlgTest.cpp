@@ -78,6 +78,7 @@ protected:
     std::vector<std::wstring> Rows()
     {
         std::vector<std::wstring> rows;
+        rows.reserve(static_cast<std::size_t>(Configured().GetItemCount()));
         for (int row = 0; row < Configured().GetItemCount(); ++row)
         {
             rows.push_back(Configured().GetItemText(row).ToStdWstring());
@@ -236,7 +237,7 @@ TEST_F(RuleRegDlgTest, F1ShowsTheHelpOfTheKind)
 {
     Make({ Complete });
     RunDialog(Dialog(),
-              [this]
+              []
               {
                   wxUIActionSimulator().Char(WXK_F1);
                   wxYield();
