@@ -49,23 +49,25 @@ inline constexpr std::array ToleranceGrades = { L"IT5"sv,  L"IT6"sv,  L"IT7"sv, 
 
 } // namespace BuiltIn
 
-inline constexpr ChoiceSource Metals = { L"materials", L"metal", BuiltIn::Metals };
-inline constexpr ChoiceSource SheetMetals = { L"materials", L"sheet", BuiltIn::SheetMetals };
-inline constexpr ChoiceSource Plastics = { L"materials", L"plastic", BuiltIn::Plastics };
-inline constexpr ChoiceSource CastingAlloys = { L"materials", L"cast", BuiltIn::CastingAlloys };
-inline constexpr ChoiceSource InvestmentAlloys = { L"materials", L"invest", BuiltIn::InvestmentAlloys };
-inline constexpr ChoiceSource DieCastingAlloys = { L"materials", L"diecast", BuiltIn::DieCastingAlloys };
-inline constexpr ChoiceSource AdditiveMaterials = { L"materials", L"additive", BuiltIn::AdditiveMaterials };
-inline constexpr ChoiceSource WeldedMetals = { L"materials", L"weld", BuiltIn::WeldedMetals };
-inline constexpr ChoiceSource TubeMaterials = { L"materials", L"tube", BuiltIn::TubeMaterials };
-inline constexpr ChoiceSource Drills = { L"drills", L"metric", BuiltIn::Drills };
-inline constexpr ChoiceSource EndMills = { L"end_mills", L"metric", BuiltIn::EndMills };
-inline constexpr ChoiceSource MetricThreads = { L"threads", L"metric-coarse", BuiltIn::MetricThreads };
-inline constexpr ChoiceSource MetricFineThreads = { L"threads", L"metric-fine", BuiltIn::MetricFineThreads };
-inline constexpr ChoiceSource UnifiedThreads = { L"threads", L"unified-coarse", BuiltIn::UnifiedThreads };
-inline constexpr ChoiceSource SheetThicknesses = { L"gauges", L"metric", BuiltIn::SheetThicknesses };
-inline constexpr ChoiceSource SteelGauges = { L"gauges", L"steel", BuiltIn::SteelGauges };
-inline constexpr ChoiceSource MetricTubes = { L"tubes", L"metric", BuiltIn::MetricTubes };
-inline constexpr ChoiceSource ToleranceGrades = { L"tolerance_grades", L"standard", BuiltIn::ToleranceGrades };
+// Not `inline`: the address of an object that several libraries may define can be null to a
+// compiler that checks for it, and then the tables aren't checked at compile time.
+constexpr ChoiceSource Metals = { L"materials", L"metal", BuiltIn::Metals };
+constexpr ChoiceSource SheetMetals = { L"materials", L"sheet", BuiltIn::SheetMetals };
+constexpr ChoiceSource Plastics = { L"materials", L"plastic", BuiltIn::Plastics };
+constexpr ChoiceSource CastingAlloys = { L"materials", L"cast", BuiltIn::CastingAlloys };
+constexpr ChoiceSource InvestmentAlloys = { L"materials", L"invest", BuiltIn::InvestmentAlloys };
+constexpr ChoiceSource DieCastingAlloys = { L"materials", L"diecast", BuiltIn::DieCastingAlloys };
+constexpr ChoiceSource AdditiveMaterials = { L"materials", L"additive", BuiltIn::AdditiveMaterials };
+constexpr ChoiceSource WeldedMetals = { L"materials", L"weld", BuiltIn::WeldedMetals };
+constexpr ChoiceSource TubeMaterials = { L"materials", L"tube", BuiltIn::TubeMaterials };
+constexpr ChoiceSource Drills = { L"drills", L"metric", BuiltIn::Drills };
+constexpr ChoiceSource EndMills = { L"end_mills", L"metric", BuiltIn::EndMills };
+constexpr ChoiceSource MetricThreads = { L"threads", L"metric-coarse", BuiltIn::MetricThreads };
+constexpr ChoiceSource MetricFineThreads = { L"threads", L"metric-fine", BuiltIn::MetricFineThreads };
+constexpr ChoiceSource UnifiedThreads = { L"threads", L"unified-coarse", BuiltIn::UnifiedThreads };
+constexpr ChoiceSource SheetThicknesses = { L"gauges", L"metric", BuiltIn::SheetThicknesses };
+constexpr ChoiceSource SteelGauges = { L"gauges", L"steel", BuiltIn::SteelGauges };
+constexpr ChoiceSource MetricTubes = { L"tubes", L"metric", BuiltIn::MetricTubes };
+constexpr ChoiceSource ToleranceGrades = { L"tolerance_grades", L"standard", BuiltIn::ToleranceGrades };
 
 } // namespace StandardChoices
