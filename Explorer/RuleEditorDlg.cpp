@@ -64,7 +64,11 @@ RuleEditorDlg::RuleEditorDlg(wxWindow* parent, CQoxRule& rule, wchar_t decimalSe
     }
 }
 
-RuleEditorDlg::~RuleEditorDlg() = default;
+RuleEditorDlg::~RuleEditorDlg()
+{
+    // What remembers the size asks for it now: later what is left is no dialog any more.
+    SendDestroyEvent();
+}
 
 void RuleEditorDlg::MakeControls()
 {

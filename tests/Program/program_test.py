@@ -517,7 +517,10 @@ class ProgramTest(unittest.TestCase):
     def choose_units(self, *keys):
         self.press("alt+f", "u")
         self.focus("^Unit Settings$")
-        self.press(*keys)
+        for key in keys:
+            # A list that is still opening or closing loses the key that comes meanwhile.
+            time.sleep(0.3)
+            self.press(key)
         self.wait_until(lambda: "Unit Settings" not in self.titles(), "the end of the dialog")
 
     def test_a_change_of_units_converts_the_document_which_can_be_saved_but_is_not_modified(self):
