@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <map>
+#include <memory>
+#include <new>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,7 +29,14 @@ public:
 
     bool HasChild(const wchar_t* name) final
     {
-        return name != nullptr && m_openedNames.contains(Platform::ToLower(name));
+        try
+        {
+            return name != nullptr && m_openedNames.contains(Platform::ToLower(name));
+        }
+        catch (const std::bad_alloc&)
+        {
+            return false;
+        }
     }
 
     IFolderEnumerator** ReleaseEnumerator(IFolderEnumerator** enumerator) final
@@ -66,7 +75,7 @@ protected:
         const auto name = m_childNames.emplace(folded, object).first;
         try
         {
-            m_children.emplace(object, std::move(child));
+            m_children.emplace(object, OpenChild{ std::move(child), name });
         }
         catch (...)
         {
@@ -77,6 +86,14 @@ protected:
     }
 
 private:
+    using ChildNames = std::set<std::pair<std::wstring, Object*>>;
+
+    struct OpenChild
+    {
+        std::unique_ptr<Object> object;
+        typename ChildNames::const_iterator name; // so that closing needs no memory
+    };
+
     std::unique_ptr<Object> TakeOut(Object* child)
     {
         const auto found = m_children.find(child);
@@ -84,8 +101,10 @@ private:
         {
             return std::unique_ptr<Object>(child);
         }
-        m_childNames.erase({ Platform::ToLower(child->Name()), child });
-        return std::move(m_children.extract(found).mapped());
+        m_childNames.erase(found->second.name);
+        std::unique_ptr<Object> taken = std::move(found->second.object);
+        m_children.erase(found);
+        return taken;
     }
 
     template <typename Child>
@@ -123,7 +142,7 @@ private:
         }
     }
 
-    std::map<Object*, std::unique_ptr<Object>, std::less<>> m_children;
-    std::set<std::pair<std::wstring, Object*>> m_childNames; // of those, in lower case
-    std::set<std::wstring> m_openedNames;                    // in lower case; never shrinks
+    std::map<Object*, OpenChild, std::less<>> m_children;
+    ChildNames m_childNames;              // of those, in lower case
+    std::set<std::wstring> m_openedNames; // in lower case; never shrinks
 };

@@ -15,13 +15,18 @@ ZipCompoundInputStream::ZipCompoundInputStream(ZipCompoundFile* file)
     Unzipper& unzipper = *m_file->Archive().unzipper;
     // Thousands of entries of one name may all point to the same few bytes. Together they
     // give no more than the archive could hold if they didn't overlap.
-    const std::uint64_t limit = unzipper.ArchiveSize() * LargestZipGrowth;
+    const std::uint64_t archiveSize = unzipper.ArchiveSize();
+    const std::uint64_t limit = archiveSize * LargestZipGrowth;
+    // Data that gives nothing takes its time all the same, so what goes in is counted as well.
+    std::uint64_t taken = 0;
     for (const ZipEntry* const entry : m_file->Entries())
     {
-        if (m_memory->Size() >= limit)
+        if (m_memory->Size() >= limit || taken > archiveSize)
         {
             break;
         }
+        taken += std::min<std::uint64_t>(entry->compressedSize,
+                                         archiveSize - std::min<std::uint64_t>(entry->offset, archiveSize));
         // A damaged entry reads short.
         std::ignore = unzipper.ExtractEntry(*entry, m_memory.get());
     }
