@@ -1,5 +1,6 @@
 #include "Modules/ModuleConfiguration.h"
 
+#include "Modules/ConfigFileValue.h"
 #include "Modules/FrameworkLibrary.h"
 #include "Modules/IniFile.h"
 #include "Platform/Environment.h"
@@ -37,6 +38,8 @@ constexpr std::array DefaultModules = {
     DefaultModule{ 7, L"QOXCastingRulesu.dll" },   DefaultModule{ 8, L"QOXDieCastRulesu.dll" },
     DefaultModule{ 9, L"QoxToleranceRulesu.dll" }, DefaultModule{ 12, L"QOXTubingRulesu.dll" },
 };
+
+constexpr int LastModuleBeforeGap = 9;
 
 // A variable may name itself in its text. Expansion then has no end of its own; these
 // bounds are far above what any path needs.
@@ -144,8 +147,30 @@ std::string ModuleConfiguration::DefaultPath(const wchar_t* fileName) const
     return ToNarrow(m_programFolder + Platform::PathSeparator + fileName);
 }
 
+bool ModuleConfiguration::CanStoreDefaults() const
+{
+    if (CanStandInConfigFile(m_programFolder))
+    {
+        return true;
+    }
+    LogMessage(L"The modules in %s can't be entered in ConfigModule.ini, for it could not be read any more",
+               m_programFolder);
+    return false;
+}
+
 void ModuleConfiguration::WriteConfigDefaults(std::list<std::wstring>& modules) const
 {
+    if (!CanStoreDefaults())
+    {
+        for (const DefaultModule& module : DefaultModules)
+        {
+            if (module.number <= LastModuleBeforeGap)
+            {
+                modules.push_back(ListEntry(DefaultPath(module.fileName)));
+            }
+        }
+        return;
+    }
     const CIniFile file;
     file.AddSection(RuleModuleSection, m_configFile);
     for (const DefaultModule& module : DefaultModules)
@@ -157,9 +182,14 @@ void ModuleConfiguration::WriteConfigDefaults(std::list<std::wstring>& modules) 
 
 void ModuleConfiguration::WriteDatabaseDefaults(std::list<std::wstring>& modules) const
 {
+    const std::string path = DefaultPath(DefaultDatabaseModule);
+    if (!CanStoreDefaults())
+    {
+        modules.push_back(ListEntry(path));
+        return;
+    }
     const CIniFile file;
     file.AddSection(DatabaseModuleSection, m_configFile);
-    const std::string path = DefaultPath(DefaultDatabaseModule);
     if (file.AddRecord(KeyOf(1), path, DatabaseModuleSection, m_configFile))
     {
         modules.push_back(ListEntry(path));

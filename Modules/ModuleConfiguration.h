@@ -28,6 +28,8 @@ public:
 
 private:
     std::list<std::wstring> ReadModules(const std::string& section, bool expand) const;
+    /// False where the file could not be read any more with the paths of the defaults in it.
+    bool CanStoreDefaults() const;
     void WriteConfigDefaults(std::list<std::wstring>& modules) const;
     void WriteDatabaseDefaults(std::list<std::wstring>& modules) const;
     std::string DefaultPath(const wchar_t* fileName) const;

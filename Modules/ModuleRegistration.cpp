@@ -201,6 +201,12 @@ bool ModuleRegistration::Save()
 
 bool ModuleRegistration::SaveSection() const
 {
+    // A module that was configured through an environment variable may lie where its whole path
+    // can't be written down. The file keeps what it has then.
+    if (!std::ranges::all_of(m_modules, [](auto module) { return CanBeConfiguredModule(PathOf(module)); }))
+    {
+        return false;
+    }
     const std::string file = ToNarrow(m_places.configFile);
     const CIniFile ini;
     if (!Platform::PathExists(m_places.configFile)) // one that can't be read must not be emptied

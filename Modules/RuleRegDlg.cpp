@@ -178,6 +178,7 @@ wxSizer* CQOXRuleRegDlg::MakeDetails()
 void CQOXRuleRegDlg::Open()
 {
     m_configured->DeleteAllItems();
+    m_remove->Disable(); // the list doesn't tell that its selection went along
     ClearDetails();
     if (m_configured->GetColumnCount() == 0)
     {

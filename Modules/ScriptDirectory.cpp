@@ -1,5 +1,6 @@
 #include "Modules/ScriptDirectory.h"
 
+#include "Modules/ConfigFileValue.h"
 #include "Modules/IniFile.h"
 #include "Modules/ModuleConfiguration.h"
 #include "Platform/Files.h"
@@ -12,6 +13,22 @@ namespace
 constexpr const char* ScriptSection = "RULE_SCRIPT_LOCATION";
 constexpr const char* DirectoryKey = "directory";
 constexpr const wchar_t* DefaultFolder = L"ScriptDir";
+
+/// False if the file can't be written. A folder that can't be read back is used without being
+/// entered, since the file would be damaged for good.
+bool AddDirectory(const std::wstring& path, const std::string& configFile)
+{
+    if (!CanStandInConfigFile(path))
+    {
+        return true;
+    }
+    const CIniFile file;
+    if (!file.SectionExists(ScriptSection, configFile))
+    {
+        file.AddSection(ScriptSection, configFile);
+    }
+    return file.AddRecord(DirectoryKey, ToNarrow(path), ScriptSection, configFile);
+}
 
 } // namespace
 
@@ -39,12 +56,8 @@ bool GetScriptDirectory(const std::wstring& configFile, std::wstring& path)
     }
     else
     {
-        if (!file.SectionExists(ScriptSection, narrowFile))
-        {
-            file.AddSection(ScriptSection, narrowFile);
-        }
         path = Platform::FolderPart(configFile) + Platform::PathSeparator + DefaultFolder;
-        known = file.AddRecord(DirectoryKey, ToNarrow(path), ScriptSection, narrowFile);
+        known = AddDirectory(path, narrowFile);
     }
     if (!Platform::PathExists(path))
     {

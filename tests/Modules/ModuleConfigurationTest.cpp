@@ -386,3 +386,22 @@ TEST(DataSettingsFolderTest, AFolderThatCanNotBeToldWholeIsNone)
     EXPECT_EQ(DataSettingsFolder(&FolderOfLength<static_cast<std::size_t>(-1)>), L"");
     EXPECT_EQ(DataSettingsFolder(&FolderOfLength<(static_cast<std::size_t>(-1) >> 4)>), L"") << "no such memory";
 }
+
+TEST_F(ModuleConfigurationTest, DefaultsThatCouldNotBeReadBackAreListedButNotEntered)
+{
+    for (const wchar_t* const name : { L"a[b", L"vantrel [beta]" })
+    {
+        m_programFolder = Separator + L"opt" + Separator + name;
+        Write("[QOX_DEFAULT]\nDefaultHelpEditor=x\n");
+        for (int time = 0; time < 2; ++time)
+        {
+            const std::list<std::wstring> modules = Configured(RuleModuleSection);
+            ASSERT_THAT(modules, SizeIs(9));
+            EXPECT_EQ(modules.front(), m_programFolder + Separator + L"qoxmillrulesu.dll");
+            EXPECT_EQ(modules.back(), m_programFolder + Separator + L"qoxtolerancerulesu.dll");
+            EXPECT_THAT(Configured(DatabaseModuleSection),
+                        ElementsAre(m_programFolder + Separator + L"qoxsqlitedatabaseu.dll"));
+        }
+        EXPECT_EQ(Saved(), "[QOX_DEFAULT]\nDefaultHelpEditor=x\n");
+    }
+}

@@ -371,6 +371,25 @@ TEST_F(ModuleRegistrationTest, AConfigurationFileThatCanNotBeReadStaysAndTheProg
     EXPECT_THAT(Log(), HasSubstr("could not be written"));
 }
 
+TEST_F(ModuleRegistrationTest, AModuleWhosePathCouldNotBeReadBackLeavesTheConfigurationFileAlone)
+{
+    const std::wstring folder = m_folder.File(L"plug [in]");
+    ASSERT_TRUE(Platform::MakeFolder(folder));
+    const std::wstring path = folder + Separator + L"mine.dll";
+    CopyModule(Second, folder + Separator + L"mine.so");
+    const std::string before = "[RULE_CONFIGURATION_MODULES]\nmodule1=%PLUG%/mine.dll\n";
+    WriteBytes(m_config, before);
+    m_modules.ConfigModulePaths() = { path };
+    m_modules.LoadConfigModules(m_toFree);
+    ModuleRegistration registration = Register();
+    ASSERT_NE(registration.Add(TestModulePath(Complete), std::nullopt), nullptr);
+    EXPECT_FALSE(registration.Save());
+    EXPECT_EQ(ReadBytes(m_config), before);
+    EXPECT_THAT(Log(), HasSubstr("could not be written"));
+    ModuleSet::FreeModules(m_toFree);
+    Platform::ReleaseLibrary(registration.Modules().back()); // the load of the registration
+}
+
 TEST_F(ModuleRegistrationTest, ALibraryThatIsConfiguredTwiceGoesOnce)
 {
     Configure({ Complete, Complete });

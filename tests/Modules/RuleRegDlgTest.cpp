@@ -233,6 +233,16 @@ TEST_F(RuleRegDlgTest, ResetReleasesWhatWasAddedAndStartsAgain)
     EXPECT_EQ(Default(), &Add());
 }
 
+TEST_F(RuleRegDlgTest, AfterResettingToNoModulesThereIsNothingToRemove)
+{
+    Make({});
+    AddTyped(Second);
+    EXPECT_TRUE(Remove().IsEnabled());
+    ClickOn(Reset());
+    EXPECT_TRUE(Rows().empty());
+    EXPECT_FALSE(Remove().IsEnabled());
+}
+
 TEST_F(RuleRegDlgTest, F1ShowsTheHelpOfTheKind)
 {
     Make({ Complete });

@@ -45,6 +45,25 @@ TEST_F(ScriptDirectoryTest, WithoutAFileTheDefaultIsEnteredAndItsFolderMade)
     EXPECT_EQ(m_directory, m_default);
 }
 
+TEST_F(ScriptDirectoryTest, ADefaultThatCouldNotBeReadBackIsMadeButNotEntered)
+{
+    for (const wchar_t* const name : { L"a[b", L"a [b]" })
+    {
+        const std::wstring folder = m_folder.File(name);
+        ASSERT_TRUE(Platform::MakeFolder(folder));
+        const std::wstring configFile = folder + Separator + L"ConfigModule.ini";
+        WriteBytes(configFile, " [QOX_DEFAULT]\n DefaultHelpEditor=x\n");
+        for (int time = 0; time < 2; ++time)
+        {
+            std::wstring directory;
+            EXPECT_TRUE(GetScriptDirectory(configFile, directory));
+            EXPECT_EQ(directory, folder + Separator + L"ScriptDir");
+            EXPECT_TRUE(Platform::FolderExists(directory));
+        }
+        EXPECT_EQ(ReadBytes(configFile), " [QOX_DEFAULT]\n DefaultHelpEditor=x\n");
+    }
+}
+
 TEST_F(ScriptDirectoryTest, ASectionThatIsThereGetsNoSecondHeader)
 {
     Write("[RULE_SCRIPT_LOCATION]\nother=1\n[QOX_DEFAULT]\n");
