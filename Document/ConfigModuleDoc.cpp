@@ -76,6 +76,7 @@ bool CQOXRMConfigModuleDoc::OnSaveDocument(const wxString& path)
     }
     Modify(false);
     SetFilename(path);
+    SetDocumentTitle(wxFileName(path).GetFullName()); // it may have been read-only
     SetDocumentSaved(true);
     return true;
 }

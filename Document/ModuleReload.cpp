@@ -16,7 +16,13 @@ void ReloadRuleModules(ModuleSet& modules, const std::vector<OpenRuleDocument>& 
         const bool isAsInFile = !document.isModified && !document.rules.HaveUnitsChanged();
         if (isAsInFile && !document.path.empty() && Platform::FileExists(document.path))
         {
-            document.rules.Header().LoadRuleFile(ToNarrow(document.path));
+            CQOXRMLumeq& header = document.rules.Header();
+            const structRulesUnit newUnits = header.newRuleUnits;
+            const structRulesUnit oldUnits = header.oldRuleUnits;
+            header.LoadRuleFile(ToNarrow(document.path));
+            // Others may have saved it in other units since; the values in the rows stay.
+            header.newRuleUnits = newUnits;
+            header.oldRuleUnits = oldUnits;
         }
         document.reloadViews();
     }

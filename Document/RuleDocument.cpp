@@ -25,6 +25,13 @@ namespace
 /// programs that read them from the document know this form.
 constexpr const char* NoLanguage = "";
 
+/// The old file is whole. The write has never decided whether a document counts as saved, and
+/// what goes by that state relies on it.
+void LogMissingWrite(const std::wstring& path)
+{
+    LogMessage(L"The rule file %s could not be written", path);
+}
+
 /// False if the code page lacks a character of the path: with another in its place it would
 /// name another file.
 bool NamesSameFile(const std::string& narrowPath, const std::wstring& path)
@@ -132,6 +139,11 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         record.SetPassword(m_strPassword);
     }
+    if (!m_access.IsFreeToWrite(path))
+    {
+        LogMissingWrite(path);
+        return SaveFailure::None;
+    }
     // Keeping comes when the new file is on the disk: it never takes the room that the save
     // needs, and a failure to keep, which the log tells of, doesn't hinder the save.
     if (!record.WriteRuleFile(narrowPath, [&] { std::ignore = m_keptVersions.Keep(path); }))
@@ -140,9 +152,7 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     }
     if (record.WriteFailure() != Platform::FileCause::None)
     {
-        // The old file is whole. The write has never decided whether a document counts as
-        // saved, and what goes by that state relies on it.
-        LogMessage(L"The rule file %s could not be written", path);
+        LogMissingWrite(path);
     }
     return SaveFailure::None;
 }
@@ -159,9 +169,21 @@ void RuleDocument::LoadUserRules()
         CQOXRMLumeq().WriteUserFile(path);
     }
     CQOXRMLumeq record;
+    PointerArray rules;
     if (record.LoadRuleList(path))
     {
-        record.GetRules(m_userRules);
+        record.GetRules(rules);
+    }
+    for (CQoxRule* rule : rules)
+    {
+        if (rule->IsUserDefined())
+        {
+            m_userRules.Add(rule);
+        }
+        else
+        {
+            DeleteRuleFromDocument(rule); // a module made it, so the document may not keep it
+        }
     }
 }
 

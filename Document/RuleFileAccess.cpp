@@ -136,6 +136,12 @@ bool RuleFileAccess::ReportSaveFailure(FileCause cause, const std::wstring& path
     }
 }
 
+bool RuleFileAccess::IsFreeToWrite(const std::wstring& path) const
+{
+    FileCause cause = FileCause::None;
+    return HeldFile::Open(path, cause) != nullptr || cause != FileCause::SharingViolation;
+}
+
 void RuleFileAccess::TakeAfterSaving(const std::wstring& path)
 {
     if (m_pHeldFile == nullptr)

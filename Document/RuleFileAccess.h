@@ -33,6 +33,10 @@ public:
     /// opened or saved; a read-only document that is saved elsewhere becomes an ordinary one.
     bool ReleaseForSaving(const std::wstring& path, const std::wstring& openPath);
 
+    /// Right before the write: true unless someone else has taken the file meanwhile. Writing
+    /// would succeed where the system has no file modes, and put what they do out of reach.
+    bool IsFreeToWrite(const std::wstring& path) const;
+
     /// After a file was written: takes it again. Where that fails the document goes on
     /// without.
     void TakeAfterSaving(const std::wstring& path);

@@ -4,6 +4,7 @@
 #include "Document/XmlOperation.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/ModuleGuard.h"
+#include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
 
 #include <Vantrel/QoxRule.h>
@@ -88,10 +89,12 @@ bool CQOXRMLumeq::WriteRuleFile(const std::string& path, const Platform::BeforeR
     AppendHeaderAttributes(*root);
     QoxXMLListWriter writer(*root);
     RulesDigest digest;
+    const std::wstring ruleElement = Platform::FromCodePage(RuleFileNames::Rule);
     AppendRules(writer, rules,
-                [this, &digest](const CQoxRule& rule, const QoxXMLNode& element)
+                [this, &digest, &ruleElement](const CQoxRule& rule, const QoxXMLNode& element)
                 {
-                    if (bIsRuleFilePasswordProtected)
+                    // What isn't read back as a rule has no part in the digest either.
+                    if (bIsRuleFilePasswordProtected && element.GetNodeName() == ruleElement)
                     {
                         digest.Add(element);
                     }

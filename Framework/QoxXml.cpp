@@ -384,6 +384,11 @@ QoxXMLNodeList* QoxXMLNode::GetNodeList1(const char* name) const
     return name == nullptr ? nullptr : GetNodeList(Platform::FromCodePage(name));
 }
 
+std::wstring QoxXMLNode::GetNodeName() const
+{
+    return Platform::Utf8ToWide(NodeAccess::NodeOf(*this).name());
+}
+
 std::wstring QoxXMLNode::GetXML() const
 {
     return Platform::Utf8ToWide(VantrelXml::MarkupOf(NodeAccess::NodeOf(*this)));

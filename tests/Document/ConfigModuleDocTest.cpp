@@ -3,6 +3,7 @@
 #include "Document/ConfigModuleDoc.h"
 
 #include "Platform/Files.h"
+#include "Platform/HeldFile.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/TestFiles.h"
 
@@ -145,6 +146,28 @@ TEST_F(ConfigModuleDocTest, SavingClearsTheModificationAndFailingToSaveKeepsIt)
     EXPECT_EQ(application.prompt.texts.size(), 1U);
     EXPECT_TRUE(document.OnSaveDocument(folder.File(L"rules.vrf")));
     EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(ConfigModuleDocTest, AReadOnlyDocumentStaysModifiedWhileOthersHaveItsFileAndIsNamedPlainlyOnceItHasIt)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"rules.vrf");
+    WriteBytes(path, "<Lumeq/>");
+    Platform::FileCause cause = Platform::FileCause::None;
+    auto others = Platform::HeldFile::Open(path, cause);
+    application.prompt.answer = true;
+    CQOXRMConfigModuleDoc& document = New();
+    ASSERT_TRUE(document.OnOpenDocument(path));
+    EXPECT_EQ(document.GetTitle(), "rules.vrf [Read-Only] ");
+    document.Modify(true);
+    application.prompt.texts.clear();
+    EXPECT_FALSE(document.OnSaveDocument(path));
+    EXPECT_EQ(application.prompt.texts.size(), 1U);
+    EXPECT_TRUE(document.IsModified());
+    others.reset();
+    EXPECT_TRUE(document.OnSaveDocument(path));
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_EQ(document.GetTitle(), "rules.vrf");
 }
 
 TEST_F(ConfigModuleDocTest, AnUnmodifiedDocumentGoesWithoutAQuestion)

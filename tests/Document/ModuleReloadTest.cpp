@@ -97,3 +97,17 @@ TEST_F(ModuleReloadTest, AFileThatIsGoneIsNotReadAgain)
     EXPECT_EQ(document.Header().GetCount(), 0);
     EXPECT_EQ(loadedAtReload.size(), 1U);
 }
+
+TEST_F(ModuleReloadTest, UnitsThatTheFileHasGotMeanwhileDoNotGetToTheValuesInTheRows)
+{
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    const structRulesUnit units = document.Header().newRuleUnits;
+    WriteBytes(path, "<Lumeq Unit=\"3\" AngularUnit=\"1\"><Rule RuleModule=\"Second Test Module\" "
+                     "RuleName=\"TestModuleSecond Rule 1\"/></Lumeq>");
+    ReloadRuleModules(application.Modules(), { Open(document, false) });
+    EXPECT_EQ(document.Header().GetCount(), 2) << "it was read";
+    EXPECT_EQ(document.Header().newRuleUnits, units);
+    EXPECT_EQ(document.Header().oldRuleUnits, (structRulesUnit{ 0, 0 }));
+    EXPECT_FALSE(document.HaveUnitsChanged());
+}

@@ -1,12 +1,16 @@
 #include "Document/RuleDocument.h"
 #include "Platform/Files.h"
+#include "Platform/HeldFile.h"
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/ScopedLocale.h"
 #include "tests/Support/TestFiles.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
+#include <Vantrel/VantrelLog.h>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace
 {
@@ -39,6 +43,13 @@ protected:
         std::wstring copy = folder.File(L"copy.vrf");
         WriteBytes(copy, ReadBytes(path));
         return copy;
+    }
+
+    /// What another user gets who opens the file: null while the document holds it.
+    std::unique_ptr<Platform::HeldFile> Others() const
+    {
+        Platform::FileCause cause = Platform::FileCause::None;
+        return Platform::HeldFile::Open(path, cause);
     }
 
     TestApplication application;
@@ -122,6 +133,39 @@ TEST_F(RuleDocumentPasswordTest, EachSaveAsksUntilThePasswordWasGivenOnce)
     RuleDocument again(&prompt);
     ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(again.IsPasswordProtected()) << "the file keeps its password";
+}
+
+TEST_F(RuleDocumentPasswordTest, ASaveThatIsRefusedLeavesTheFileToOthersUntilTheNext)
+{
+    MakeProtectedFile();
+    RuleDocument document(&prompt);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    document.Rules().Append(&rule);
+    EXPECT_EQ(Others(), nullptr);
+    EXPECT_EQ(document.Save(path), Failure::Told);
+    EXPECT_NE(Others(), nullptr);
+    prompt.password = L"secret";
+    EXPECT_EQ(document.Save(path), Failure::None);
+    EXPECT_EQ(Others(), nullptr);
+}
+
+TEST_F(RuleDocumentPasswordTest, WhatSomeoneElseHasTakenSinceARefusedSaveIsNotReplaced)
+{
+    MakeProtectedFile();
+    RuleDocument document(&prompt);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Save(path), Failure::Told);
+    const std::string theirs = "<Lumeq Unit=\"3\"/>";
+    WriteBytes(path, theirs);
+    const auto others = Others();
+    ASSERT_NE(others, nullptr);
+    prompt.password = L"secret";
+    const std::wstring log = folder.File(L"run.log");
+    CVantrelLog::OpenLogFile(log);
+    EXPECT_EQ(document.Save(path), Failure::None);
+    CVantrelLog::CloseLogFile();
+    EXPECT_EQ(ReadBytes(path), theirs);
+    EXPECT_NE(ReadBytes(log).find("could not be written\n"), std::string::npos);
 }
 
 TEST_F(RuleDocumentPasswordTest, SavingUnderAnotherNameAsksToo)

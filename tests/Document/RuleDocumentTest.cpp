@@ -406,3 +406,29 @@ TEST_F(RuleDocumentTest, AnEmptyDocumentIsSavedWithTheUnitsThatWereChosenLast)
     ASSERT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
     EXPECT_NE(ReadBytes(path).find("Unit=\"3\" AngularUnit=\"3\""), std::string::npos);
 }
+
+TEST_F(RuleDocumentTest, ItsOwnFileIsReadAgainWhoeverHoldsIt)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    WriteBytes(path, std::string("<Lumeq>") + CompleteRule + "</Lumeq>");
+    RuleDocument document(&application.prompt);
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    EXPECT_EQ(document.Open(path), RuleDocument::OpenFailure::None) << "the document itself holds it";
+    EXPECT_EQ(document.Header().GetCount(), 2);
+    EXPECT_FALSE(document.IsReadOnly());
+    EXPECT_TRUE(application.prompt.texts.empty());
+}
+
+TEST_F(RuleDocumentTest, AModulesRuleAmongTheUserDefinedOnesGoesBackToItsModule)
+{
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    const int before = LiveRulesOf(L"TestModuleComplete");
+    WriteUserRules(std::string(CompleteRule) + "<Rule RuleModule=\"VSTA Rule\" RuleName=\"Mine\"/>");
+    WriteBytes(path, std::string("<Lumeq>") + CompleteRule + "</Lumeq>");
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    ASSERT_EQ(document.UserRules().GetSize(), 1);
+    EXPECT_EQ(document.UserRules()[0]->m_strRuleName, L"Mine");
+    EXPECT_EQ(document.Header().GetCount(), 1);
+    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before + 1) << "that of the rule file";
+}

@@ -177,3 +177,11 @@ TEST_F(RuleFileAccessTest, AFileThatCannotBeTakenAgainLeavesTheDocumentWithout)
     EXPECT_FALSE(access->IsHeld());
     EXPECT_TRUE(prompt.texts.empty());
 }
+
+TEST_F(RuleFileAccessTest, AFileIsFreeToBeWrittenUnlessOthersHaveTakenIt)
+{
+    EXPECT_TRUE(access->IsFreeToWrite(path));
+    EXPECT_TRUE(access->IsFreeToWrite(otherPath)) << "one that isn't there yet";
+    OthersTake();
+    EXPECT_FALSE(access->IsFreeToWrite(path));
+}

@@ -56,6 +56,15 @@ protected:
     std::vector<std::wstring>& Boxes() { return application->prompt.texts; }
 };
 
+/// A rule whose element has a name of its own.
+class ForeignRule : public ConcreteQOXRule
+{
+public:
+    using ConcreteQOXRule::operator=;
+
+    QoxXMLNode* GetXML() override { return g_pXmlDoc->CreateNode(L"Comment"); }
+};
+
 const std::vector<std::wstring> ModifiedBox = { L"Rule File is modifed..." };
 
 std::string AttributeOf(const std::string& bytes, const std::string& name)
@@ -114,6 +123,22 @@ TEST_F(RuleFileProtectionTest, TheDigestIsThatOfTheRulesMarkupInUnitsOfSixteenBi
     std::wstring digest;
     ASSERT_NE(MD5OfFile(hashed, digest), 0);
     EXPECT_EQ(AttributeOf(bytes, "RulesData"), Platform::WideToUtf8(digest));
+}
+
+TEST_F(RuleFileProtectionTest, AnElementThatIsNoRuleHasNoPartInTheDigest)
+{
+    ForeignRule foreign;
+    std::int32_t index = 0;
+    record.AddRuleInFile(&foreign, index);
+    std::string bytes = WriteProtected();
+    EXPECT_NE(bytes.find("<Comment />"), std::string::npos) << bytes;
+    EXPECT_EQ(AttributeOf(bytes, "RulesData"), "") << "as without rules";
+    Add(L"A");
+    bytes = WriteProtected();
+    EXPECT_EQ(AttributeOf(bytes, "RulesData").size(), 32u);
+    const LoadedRecord read(path, application->prompt);
+    EXPECT_TRUE(read.record.IsPasswordProtected());
+    EXPECT_TRUE(Boxes().empty()) << "nobody has changed it";
 }
 
 TEST_F(RuleFileProtectionTest, AProtectedFileIsReadWithItsPasswordAndWithoutAWord)

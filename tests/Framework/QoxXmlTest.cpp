@@ -122,6 +122,7 @@ TEST_F(QoxXmlTest, AnAppendedNodeDoesNotDependOnTheObjectThatWasAppended)
     root->AppendNode(child.get());
     child.reset();
     EXPECT_EQ(root->GetXML(), L"<L><R/></L>");
+    EXPECT_EQ(root->GetNodeName(), L"L");
 }
 
 TEST_F(QoxXmlTest, ANodeOfAnotherDocumentIsCopied)

@@ -407,6 +407,7 @@ class ProgramTest(unittest.TestCase):
         self.press("Return")
         self.wait_until(lambda: len(self.rule_names(path)) == 12, "one more rule in the file")
         self.wait_until(lambda: not self.can_lock(path), "the lock of the program")
+        self.wait_for_title(process, "^milled-bracket.vrf - ")
         self.close(process)
         self.assertTrue(self.can_lock(path))
 

@@ -59,6 +59,8 @@ public:
     QoxXMLNode(const QoxXMLNode&) = delete;
     QoxXMLNode& operator=(const QoxXMLNode&) = delete;
 
+    std::wstring GetNodeName() const;
+
     /// Adds an attribute at the end, or replaces the value of one with that name. False
     /// if the name can't be one.
     bool AddAttribute(const std::wstring& name, const std::wstring& value);
