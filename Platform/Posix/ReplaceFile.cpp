@@ -10,8 +10,10 @@
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace Platform::Posix
 {
@@ -163,8 +165,23 @@ Outcome WriteInPlace(FileOperations& operations, const std::string& path, Pieces
     return closed ? Outcome() : Failed(errno);
 }
 
+/// Gives the new file the list of further users and groups of the old one. Without it, the bits
+/// for the group would give the owning group whatever the list allows at most.
+bool KeepAccessList(int file, const std::string& target)
+{
+    constexpr const char* AccessList = "system.posix_acl_access";
+    const ssize_t size = ::getxattr(target.c_str(), AccessList, nullptr, 0);
+    if (size <= 0)
+    {
+        return size == 0 || errno == ENODATA || errno == ENOTSUP;
+    }
+    std::vector<char> list(static_cast<std::size_t>(size));
+    const ssize_t read = ::getxattr(target.c_str(), AccessList, list.data(), list.size());
+    return read > 0 && ::fsetxattr(file, AccessList, list.data(), static_cast<std::size_t>(read), 0) == 0;
+}
+
 /// Gives the new file the owner and the permissions of the old one.
-bool KeepPermissions(FileOperations& operations, int file, const struct stat& old)
+bool KeepPermissions(FileOperations& operations, int file, const std::string& target, const struct stat& old)
 {
     struct stat made = {};
     if (::fstat(file, &made) != 0)
@@ -178,7 +195,7 @@ bool KeepPermissions(FileOperations& operations, int file, const struct stat& ol
     }
     // After the owner, since changing that takes bits away.
     constexpr mode_t PermissionBits = 07777;
-    return ::fchmod(file, old.st_mode & PermissionBits) == 0;
+    return ::fchmod(file, old.st_mode & PermissionBits) == 0 && KeepAccessList(file, target);
 }
 
 /// Puts the contents into a new file and that into the place of `target`. `old` is null
@@ -193,7 +210,7 @@ Outcome ReplaceByNewFile(FileOperations& operations, const std::string& target, 
         const bool refused = errno == EACCES || errno == EPERM || errno == EROFS;
         return refused ? NotPossibleHere(errno) : Failed(errno);
     }
-    if (old != nullptr && !KeepPermissions(operations, temporary.File(), *old))
+    if (old != nullptr && !KeepPermissions(operations, temporary.File(), target, *old))
     {
         return NotPossibleHere(errno);
     }

@@ -5,15 +5,19 @@
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <span>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -197,6 +201,26 @@ TEST_F(ReplaceFileFaultTest, PermissionsAreKept)
         ASSERT_EQ(::stat(m_native.c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, mode);
     }
+}
+
+TEST_F(ReplaceFileFaultTest, TheListOfFurtherUsersIsKept)
+{
+    // The version, then tag, permissions and number of each entry: the owner, user 1234, the
+    // owning group, the mask and everybody else.
+    constexpr std::uint32_t Nobody = 0xFFFFFFFF;
+    constexpr std::array<std::uint32_t, 11> List = { 2,      6U << 16 | 0x01, Nobody, 4U << 16 | 0x02,
+                                                     1234,   0U << 16 | 0x04, Nobody, 4U << 16 | 0x10,
+                                                     Nobody, 0U << 16 | 0x20, Nobody };
+    constexpr const char* Name = "system.posix_acl_access";
+    if (::setxattr(m_native.c_str(), Name, List.data(), sizeof List, 0) != 0)
+    {
+        GTEST_SKIP() << "the file system has no such lists";
+    }
+    EXPECT_TRUE(SaveFileWhole(m_path, "new and whole"));
+    EXPECT_EQ(ReadBytes(m_path), "new and whole");
+    std::array<std::uint32_t, 12> kept = {};
+    EXPECT_EQ(::getxattr(m_native.c_str(), Name, kept.data(), sizeof kept), static_cast<ssize_t>(sizeof List));
+    EXPECT_TRUE(std::equal(List.begin(), List.end(), kept.begin()));
 }
 
 TEST_F(ReplaceFileFaultTest, NewFileHasThePermissionsOfAPlainWriter)
