@@ -3,7 +3,9 @@
 #include "Application/ChildFrame.h"
 #include "Application/RuleFileType.h"
 #include "Document/ConfigModuleDoc.h"
+#include "Modules/ApplicationGlobals.h"
 #include "Utilities/Texts.h"
+#include "Utilities/UserPrompt.h"
 
 #include <wx/docview.h>
 #include <wx/filename.h>
@@ -40,6 +42,22 @@ wxDocTemplate* RuleDocManager::MakeRuleTemplate()
 wxFileHistory* RuleDocManager::OnCreateFileHistory()
 {
     return new wxFileHistory(RecentFileCount); // owned by the manager
+}
+
+wxDocTemplate* RuleDocManager::SelectDocumentPath(wxDocTemplate** templates, int templateCount, wxString& path,
+                                                  long /*flags*/, bool /*save*/)
+{
+    const auto file = templateCount > 0
+                        ? g_pApp->Prompt().AskFile(QuestionAboutRuleFile(
+                              *templates[0], LoadText(TextId::ToolkitOpenFile), GetLastDirectory().ToStdWstring()))
+                        : std::nullopt;
+    path = file.value_or(std::wstring());
+    if (!file)
+    {
+        return nullptr;
+    }
+    SetLastDirectory(wxPathOnly(path));
+    return FindTemplateForPath(path);
 }
 
 wxDocTemplate* RuleDocManager::FindTemplateForPath(const wxString& path)

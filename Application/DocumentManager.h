@@ -16,6 +16,10 @@ public:
 
     wxFileHistory* OnCreateFileHistory() override;
 
+    /// Has the user choose a rule file to open. Null, with an empty path, if the user gives up.
+    wxDocTemplate* SelectDocumentPath(wxDocTemplate** templates, int templateCount, wxString& path, long flags,
+                                      bool save) override;
+
     /// Every file that isn't told apart at start goes to the one template, whatever it is
     /// called.
     wxDocTemplate* FindTemplateForPath(const wxString& path) override;

@@ -43,6 +43,8 @@ constexpr std::array ToolkitTexts = {
     ToolkitText{ "&Arrange Icons", TextId::ToolkitWindowArrangeIcons },
     ToolkitText{ "Save As", TextId::ToolkitSaveAs },
     ToolkitText{ "Open File", TextId::ToolkitOpenFile },
+    ToolkitText{ "Please choose an existing file.", TextId::ToolkitFileMustExist },
+    ToolkitText{ "Error", TextId::ToolkitError },
 };
 
 void AppendNumber(std::string& bytes, std::size_t number)

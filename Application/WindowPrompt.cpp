@@ -1,10 +1,10 @@
 #include "Application/WindowPrompt.h"
 
 #include "Document/PasswordDlg.h"
+#include "TypeLib/ExtendedDialogDlg.h"
 #include "Utilities/Texts.h"
 
 #include <wx/dirdlg.h>
-#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/utils.h>
 
@@ -100,13 +100,18 @@ std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
 std::optional<std::wstring> WindowPrompt::AskFile(const FileQuestion& question)
 {
     const OrdinaryCursor cursor;
-    wxFileDialog dialog(wxGetActiveWindow(), question.title, question.folder, wxString(),
-                        question.filterName + L"|" + question.pattern, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK)
+    const bool opens = question.purpose == FilePurpose::Open;
+    CExtendedDialogDlg dialog(opens ? 1 : 0, question.folder, question.title, question.extension.c_str(),
+                              question.fileName.c_str(),
+                              opens ? FileDialogFlags::ForOpening : FileDialogFlags::ForSaving,
+                              FileFilterText({ question.filterName, question.pattern }), wxGetActiveWindow());
+    if (dialog.DoModal() != CExtendedDialogDlg::Confirmed)
     {
         return std::nullopt;
     }
-    return dialog.GetPath().ToStdWstring();
+    std::wstring path;
+    dialog.GetPathName(path);
+    return path;
 }
 
 std::optional<std::wstring> WindowPrompt::AskFolder(const FolderQuestion& question)

@@ -21,6 +21,18 @@ void ShowFailure(TextId id, const wxString& path)
 
 } // namespace
 
+FileQuestion QuestionAboutRuleFile(const wxDocTemplate& fileType, const std::wstring& title, const std::wstring& folder)
+{
+    const std::wstring pattern = fileType.GetFileFilter().ToStdWstring();
+    FileQuestion question;
+    question.title = title;
+    question.filterName = fileType.GetDescription().ToStdWstring() + L" (" + pattern + L")";
+    question.pattern = pattern;
+    question.folder = folder;
+    question.extension = fileType.GetDefaultExtension().ToStdWstring();
+    return question;
+}
+
 CQOXRMConfigModuleDoc::CQOXRMConfigModuleDoc() : m_rules(&g_pApp->Prompt()) {}
 
 bool CQOXRMConfigModuleDoc::OnNewDocument()
@@ -111,6 +123,28 @@ bool CQOXRMConfigModuleDoc::Save()
         return OnSaveDocument(GetFilename());
     }
     return wxDocument::Save();
+}
+
+bool CQOXRMConfigModuleDoc::SaveAs()
+{
+    wxString folder = wxPathOnly(GetFilename());
+    if (folder.empty())
+    {
+        folder = GetDocumentManager()->GetLastDirectory();
+    }
+    FileQuestion question =
+        QuestionAboutRuleFile(*GetDocumentTemplate(), LoadText(TextId::ToolkitSaveAs), folder.ToStdWstring());
+    question.purpose = FilePurpose::Save;
+    question.fileName = wxFileNameFromPath(GetFilename()).ToStdWstring();
+    const auto path = g_pApp->Prompt().AskFile(question);
+    if (!path || !OnSaveDocument(*path))
+    {
+        return false;
+    }
+    SetTitle(wxFileNameFromPath(*path));
+    SetFilename(*path, true); // lets the views take over the title
+    GetDocumentManager()->AddFileToHistory(*path);
+    return true;
 }
 
 bool CQOXRMConfigModuleDoc::Close()

@@ -6,6 +6,7 @@
 #include <wx/docview.h>
 
 #include <memory>
+#include <string>
 
 /// What goes with `UpdateAllViews`.
 class RuleViewHint : public wxObject
@@ -21,6 +22,12 @@ private:
     CQoxRule* m_rule; // not owned
 };
 
+struct FileQuestion;
+
+/// What the user is asked to choose a file of the template with.
+FileQuestion QuestionAboutRuleFile(const wxDocTemplate& fileType, const std::wstring& title,
+                                   const std::wstring& folder);
+
 /// One open rule file, as the document/view framework sees it. What is in it and what is
 /// done to it is the rule document's.
 class CQOXRMConfigModuleDoc : public wxDocument
@@ -34,6 +41,7 @@ public:
     bool OnSaveModified() override;
     bool OnCloseDocument() override;
     bool Save() override;
+    bool SaveAs() override;
 
     /// True if there is something that a save would put into the file.
     bool CanBeSaved() const { return !AlreadySaved() || m_rules.HaveUnitsChanged(); }

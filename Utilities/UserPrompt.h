@@ -26,6 +26,13 @@ enum class SaveAnswer
     Cancel, ///< What was about to happen doesn't.
 };
 
+/// What a file is chosen for.
+enum class FilePurpose
+{
+    Open, ///< It exists.
+    Save, ///< It may not exist yet; the user was asked whether one that does is to be replaced.
+};
+
 /// Which file the user is to choose.
 struct FileQuestion
 {
@@ -33,6 +40,9 @@ struct FileQuestion
     std::wstring filterName; ///< What the files are called.
     std::wstring pattern;    ///< Their names, with `*` for any letters.
     std::wstring folder;     ///< Where the choice begins; empty for wherever the user was last.
+    FilePurpose purpose = FilePurpose::Open;
+    std::wstring extension = {}; ///< Of names that are typed without one, with no dot; empty for none.
+    std::wstring fileName = {};  ///< The name that is there at first.
 };
 
 /// Which folder the user is to choose.
@@ -63,7 +73,7 @@ public:
     /// gives none. An empty one is one too.
     virtual std::optional<std::wstring> AskPassword(PasswordPurpose purpose) = 0;
 
-    /// Has the user choose a file that exists: its full path, or nothing if the user gives up.
+    /// Has the user choose a file: its full path, or nothing if the user gives up.
     virtual std::optional<std::wstring> AskFile(const FileQuestion& question) = 0;
 
     /// Has the user choose a folder: its full path, or nothing if the user gives up.

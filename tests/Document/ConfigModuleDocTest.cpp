@@ -211,6 +211,45 @@ TEST_F(ConfigModuleDocTest, ChangesThatAreNotWantedGoAndThoseThatAreGetSaved)
     EXPECT_FALSE(ReadBytes(path).empty());
 }
 
+TEST_F(ConfigModuleDocTest, SavingUnderAnotherNameStartsFromItsNameAndTakesTheChosenOne)
+{
+    const TemporaryFolder folder;
+    manager.SetLastDirectory(folder.Path());
+    CQOXRMConfigModuleDoc& document = New();
+    application.prompt.path = folder.File(L"rules.vrf");
+    EXPECT_TRUE(document.SaveAs());
+    ASSERT_EQ(application.prompt.fileQuestions.size(), 1U);
+    const FileQuestion& question = application.prompt.fileQuestions[0];
+    EXPECT_EQ(question.purpose, FilePurpose::Save);
+    EXPECT_EQ(question.folder, folder.Path());
+    EXPECT_EQ(question.fileName, L"unnamed1");
+    EXPECT_EQ(question.extension, L"vrf");
+    EXPECT_EQ(question.filterName, L"Rule File (*.vrf)");
+    EXPECT_EQ(question.pattern, L"*.vrf");
+    EXPECT_TRUE(Platform::PathExists(folder.File(L"rules.vrf")));
+    EXPECT_EQ(document.GetTitle(), "rules.vrf");
+    EXPECT_EQ(document.GetFilename().ToStdWstring(), folder.File(L"rules.vrf"));
+    EXPECT_EQ(manager.GetHistoryFile(0).ToStdWstring(), folder.File(L"rules.vrf"));
+
+    Platform::MakeFolder(folder.File(L"other"));
+    application.prompt.path = folder.File(L"other") + Platform::PathSeparator + L"more.vrf";
+    EXPECT_TRUE(document.SaveAs());
+    EXPECT_EQ(application.prompt.fileQuestions[1].folder, folder.Path()) << "where the file was";
+    EXPECT_EQ(application.prompt.fileQuestions[1].fileName, L"rules.vrf");
+}
+
+TEST_F(ConfigModuleDocTest, SavingUnderAnotherNameThatIsGivenUpOrFailsChangesNothing)
+{
+    const TemporaryFolder folder;
+    CQOXRMConfigModuleDoc& document = New();
+    EXPECT_FALSE(document.SaveAs());
+    application.prompt.path = folder.File(L"none") + Platform::PathSeparator + L"rules.vrf";
+    EXPECT_FALSE(document.SaveAs());
+    EXPECT_EQ(document.GetTitle(), "unnamed1");
+    EXPECT_EQ(document.GetFilename(), "unnamed1");
+    EXPECT_EQ(manager.GetHistoryFilesCount(), 1U);
+}
+
 TEST_F(ConfigModuleDocTest, AChangeOfUnitsIsToldToTheViewsOfThatDocumentAndIsNoModification)
 {
     CQOXRMConfigModuleDoc& document = New();
