@@ -3,6 +3,7 @@
 #include "Document/UnitChoice.h"
 #include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
+#include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
 
 #include <wx/choice.h>
@@ -51,6 +52,7 @@ void CQOXUnitSettingDlg::MakeControls()
     {
         fields->Add(new wxStaticText(this, wxID_ANY, LoadText(label)), wxSizerFlags().CentreVertical());
         wxChoice* const control = MakeList(list, unit);
+        NameForScreenReaders(*control, LoadText(label));
         fields->Add(control, wxSizerFlags().Expand());
         return control;
     };

@@ -5,6 +5,7 @@
 #include "Modules/HelpKey.h"
 #include "Platform/Locale.h"
 #include "Utilities/DialogButtons.h"
+#include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
 
 #include <Vantrel/QoxRule.h>
@@ -86,6 +87,7 @@ wxTextCtrl* RuleEditorDlg::MakeReading(const wxString& text, const wxString& nam
     auto* const reading =
         new wxTextCtrl(this, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE | wxTE_READONLY | style);
     reading->SetName(name);
+    NameForScreenReaders(*reading, name);
     reading->SetMargins(FromDIP(wxPoint(Gap / 2, Gap / 2)));
     reading->SetMinSize(wxSize(FromDIP(LeastWidth), lines * reading->GetCharHeight() + FromDIP(Gap)));
     return reading;
@@ -118,6 +120,7 @@ void RuleEditorDlg::AddHeader(wxSizer& rows)
     }
     m_criticality->SetSelection(m_model.Criticality() - 1);
     m_criticality->SetName(wxControl::RemoveMnemonics(label->GetLabel()));
+    NameForScreenReaders(*m_criticality, label->GetLabel());
     m_criticality->SetToolTip(LoadText(TextId::EditorCriticalityHelp));
     m_criticality->Bind(wxEVT_COMBOBOX,
                         [this](wxCommandEvent& event) { m_model.SetCriticality(event.GetSelection() + 1); });

@@ -1,5 +1,6 @@
 #include "Explorer/RuleEditorRow.h"
 
+#include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
 
 #include <wx/button.h>
@@ -130,6 +131,8 @@ wxWindow* RuleEditorRow::MakeField(wxWindow& parent)
         break;
     }
     field->SetName(m_model.Label(m_index));
+    // The label beside it is broken into lines and shortened.
+    NameForScreenReaders(*field, wxControl::EscapeMnemonics(m_model.Label(m_index)));
     return field;
 }
 

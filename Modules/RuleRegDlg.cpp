@@ -4,6 +4,7 @@
 #include "Platform/Files.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/QOXUIUtils.h"
+#include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
 #include "Utilities/UserPrompt.h"
 
@@ -124,6 +125,7 @@ wxSizer* CQOXRuleRegDlg::MakeLists()
         auto* const list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(width, ListHeight)),
                                           wxLC_REPORT | wxBORDER_THEME | style);
         list->EnableSystemTheme();
+        NameForScreenReaders(*list, LoadText(label));
         column->Add(list, wxSizerFlags(1).Expand());
         columns.Add(column, wxSizerFlags(1).Expand());
         return std::pair{ list, column };

@@ -17,7 +17,11 @@ readonly look=(fonts-dejavu-core adwaita-icon-theme librsvg2-common)
 # A virtual display with a window manager, and looking at it.
 readonly display=(xvfb openbox xauth x11-utils xdotool imagemagick)
 
-readonly test=("${build[@]}" "${look[@]}" "${display[@]}" libgtest-dev libgmock-dev libxml2-utils locales openssl unzip)
+# What a screen reader asks a program through.
+readonly assistive=(at-spi2-core dbus-daemon python3-gi)
+
+readonly test=("${build[@]}" "${look[@]}" "${display[@]}" "${assistive[@]}"
+    libgtest-dev libgmock-dev libxml2-utils locales openssl unzip)
 readonly fuzz=("${build[@]}" clang-14 libclang-rt-14-dev)
 readonly bench=("${build[@]}" libbenchmark-dev)
 readonly lint=("${test[@]}" clang-format-14 clang-tidy-14)

@@ -44,6 +44,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/ReplaceFile.cpp
     Posix/ResourceLibrary.cpp
     Posix/RunningProcesses.cpp
+    Posix/ScreenReader.cpp
     Posix/SingleInstance.cpp
     Posix/StandardFile.cpp
     Posix/StructuredStorage.cpp
