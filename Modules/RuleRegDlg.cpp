@@ -93,6 +93,12 @@ CQOXRuleRegDlg::CQOXRuleRegDlg(wxWindow* parent, ModuleRegistration& registratio
     m_remove->Bind(wxEVT_BUTTON, &CQOXRuleRegDlg::OnRemove, this);
     m_reset->Bind(wxEVT_BUTTON, &CQOXRuleRegDlg::OnReset, this);
     ShowHelpOnF1(*this, m_registration.Kind().helpTopic);
+    Bind(wxEVT_HELP,
+         [this](wxHelpEvent& /*event*/)
+         {
+             m_prompt.ShowBox(BoxKind::Information, LoadText(TextId::HelpOfControlMissing),
+                              LoadText(m_registration.Kind().title));
+         });
     CentreOnParent();
     Open();
 }
@@ -105,7 +111,7 @@ void CQOXRuleRegDlg::MakeControls()
     rows->Add(MakeNewModuleRow(), sides());
     rows->Add(MakeDetails(), sides().Proportion(1));
 
-    wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
+    wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL | wxHELP);
     DropSpaceBehindButtons(*buttons);
     rows->Add(buttons, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
     m_ok = static_cast<wxButton*>(FindWindow(wxID_OK));

@@ -256,6 +256,18 @@ TEST_F(RuleRegDlgTest, F1ShowsTheHelpOfTheKind)
     EXPECT_EQ(application.helpTopics, std::vector{ HelpTopic::RuleModules });
 }
 
+TEST_F(RuleRegDlgTest, TheHelpButtonShowsTheSameAndARequestAboutAControlItsText)
+{
+    Make({ Complete });
+    ClickOn(*wxDynamicCast(Dialog().FindWindow(wxID_HELP), wxButton));
+    EXPECT_EQ(application.helpTopics, std::vector{ HelpTopic::RuleModules });
+    wxHelpEvent request(wxEVT_HELP, Add().GetId());
+    request.SetEventObject(&Add());
+    Add().ProcessWindowEvent(request);
+    EXPECT_EQ(application.prompt.texts, std::vector<std::wstring>{ L"Help needs to be implemented" });
+    EXPECT_EQ(application.helpTopics.size(), 1U);
+}
+
 TEST_F(RuleRegDlgTest, OkSavesAndThenReloads)
 {
     Make({ Complete });
