@@ -1,10 +1,11 @@
 #include "Platform/LibraryTrial.h"
 
-#include "Platform/Library.h"
+#include "Platform/Posix/PathBytes.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -74,6 +75,19 @@ bool LoadsWithoutHarm(const std::wstring& path)
         }
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == Loaded;
+}
+
+LibraryHandle OpenLibraryFile(const std::wstring& path, std::wstring& problem)
+{
+    problem.clear();
+    ::dlerror(); // forgets what was asked for before
+    const LibraryHandle library = OpenLibraryFile(path);
+    if (library == nullptr)
+    {
+        const char* const reason = ::dlerror();
+        problem = reason != nullptr ? Posix::PathText(reason) : std::wstring();
+    }
+    return library;
 }
 
 } // namespace Platform

@@ -1,5 +1,6 @@
 set(VANTREL_PLATFORM_SOURCES
     Posix/Automation.cpp
+    Posix/ChildProcess.cpp
     Posix/CodePage.cpp
     Posix/CompoundFile/ByteChunks.cpp
     Posix/CompoundFile/ByteSource.cpp
