@@ -38,16 +38,21 @@ RULE_MODULES = [
 RULE_NAMES_DIR = os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "data", "rule-modules")
 
 
+def rules_on_record(module):
+    """The names of the rules of a module, without its ending."""
+    with open(os.path.join(RULE_NAMES_DIR, module + ".txt"), encoding="utf-8") as file:
+        lines = file.read().splitlines()
+    return [line.split()[0] for line in lines[1:] if not line.startswith(" ")]  # those set in are parameters
+
+
+def first_modules():
+    """The modules that a first start loads: the program reads up to the first gap in the numbers."""
+    return [os.path.splitext(module)[0] for place, (number, module) in enumerate(RULE_MODULES, 1) if number == place]
+
+
 def offered_rules():
     """How many rules the modules that a first start loads offer, by the names that are on record."""
-    count = 0
-    for place, (number, module) in enumerate(RULE_MODULES, 1):
-        if number != place:
-            break  # the program reads up to the first gap in the numbers
-        with open(os.path.join(RULE_NAMES_DIR, os.path.splitext(module)[0] + ".txt"), encoding="utf-8") as file:
-            lines = file.read().splitlines()
-        count += sum(not line.startswith(" ") for line in lines[1:])  # those set in are parameters
-    return count
+    return sum(len(rules_on_record(module)) for module in first_modules())
 
 
 def read_bytes(path):
@@ -613,6 +618,32 @@ class ProgramTest(unittest.TestCase):
         self.press("ctrl+a", "space", "ctrl+s")
         self.wait_until(lambda: any(name.startswith("Mill") for name in self.rule_names(path)), "rules of the module")
         self.close(process)
+
+    def all_rules(self):
+        """The names of all rules that the program shows, by a file that they are ticked into."""
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.press("ctrl+a", "space")
+        path = os.path.join(self.folder, "all.vrf")
+        self.save_as(process, path)
+        names = self.wait_until(lambda: os.path.exists(path) and self.rule_names(path), "rules in the file")
+        os.remove(path)
+        self.close(process)
+        return names
+
+    def test_a_first_start_shows_the_rules_of_nine_modules_and_one_with_all_of_them_those_of_fourteen(self):
+        modules = first_modules()
+        self.assertEqual(len(modules), 9)
+        self.assertEqual(sorted(self.all_rules()), sorted(sum(map(rules_on_record, modules), [])))
+        every_module = [os.path.splitext(name)[0] for name in os.listdir(RULE_NAMES_DIR) if name.endswith(".txt")]
+        modules += sorted(set(every_module) - set(modules))
+        self.assertEqual(len(modules), 14)
+        folder = os.path.dirname(PROGRAM)
+        with open(self.settings("ConfigModule.ini"), "w", encoding="utf-8") as file:
+            file.write("[RULE_CONFIGURATION_MODULES]\n")
+            file.writelines(f"module{number}={folder}/{name}.dll\n" for number, name in enumerate(modules, 1))
+            file.write(f"[RULE_DATABASE_MODULES]\nmodule1={folder}/QoxSqliteDatabaseu.dll\n")
+        self.assertEqual(sorted(self.all_rules()), sorted(sum(map(rules_on_record, modules), [])))
 
     def test_a_new_script_folder_is_made_and_stored(self):
         folder = os.path.join(self.folder, "R\u00e8gles")
