@@ -1,6 +1,6 @@
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help setup run test sanitize fuzz bench reliability lint tidy clean
+.PHONY: help setup run test sanitize fuzz bench reliability package lint tidy clean
 # Two of the commands at once would build in the same folder.
 .NOTPARALLEL:
 
@@ -22,6 +22,7 @@ help:
 	@echo 'make fuzz       runs every fuzz target for FUZZ_SECONDS=60'
 	@echo 'make bench      runs the benchmarks'
 	@echo 'make reliability  ends RELIABILITY_KILLS=200 processes while they save, and has saves fail'
+	@echo 'make package    makes the archive that users and module makers get'
 	@echo 'make lint       checks format, layering, scripts and build lists, and runs clang-tidy'
 	@echo 'make tidy       clang-tidy alone'
 	@echo 'make setup      installs the packages for all of these'
@@ -65,6 +66,12 @@ reliability:
 	cmake --build --preset test --parallel $(JOBS) --target RuleFileSaver
 	tests/Program/reliability.py build/test/tests/Program/RuleFileSaver \
 		--count $(RELIABILITY_KILLS) --seed $(RELIABILITY_SEED)
+
+package:
+	@$(setup_packages) package
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS)
+	cpack --config build/release/CPackConfig.cmake
 
 lint:
 	@$(setup_packages) lint

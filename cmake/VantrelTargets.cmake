@@ -8,6 +8,8 @@
 #       Library that is loaded at run time, staged to bin or another folder of the stage.
 #   vantrel_program(<target> SOURCES ... [LINK ...] [DEFINITIONS ...])
 #       Program, staged to bin.
+#   vantrel_tool(<target> SOURCES ... [LINK ...] [DEFINITIONS ...])
+#       Program without windows, staged to bin and told to module makers by the package.
 #   vantrel_stage_files(<target> FOLDER <folder of the stage> FILES ...)
 #       Copies files into the stage as they are.
 #   vantrel_test(<target> SOURCES ... [LINK ...] [DEFINITIONS ...] [DEPENDS ...] [WINDOW])
@@ -25,19 +27,24 @@
 #       Include folders, warnings, hidden symbols: what all of our code has in common.
 #   vantrel_stage_library(<target>)
 #       Stages a shared library that others link to bin. It may not link windows.
+#
+# What is staged is installed to the same place, unless a test made it.
 
 include_guard(GLOBAL)
 
 function(vantrel_apply_defaults target)
     target_include_directories(${target} PUBLIC
-        "${PROJECT_SOURCE_DIR}"
-        "${PROJECT_SOURCE_DIR}/Framework/include"
-        "${VANTREL_GENERATED_INCLUDE_DIR}")
+        "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
+        "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Framework/include>"
+        "$<BUILD_INTERFACE:${VANTREL_GENERATED_INCLUDE_DIR}>")
     target_compile_options(${target} PRIVATE ${VANTREL_WARNINGS})
     set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ON)
 endfunction()
 
-# Puts the libraries of a folder of the stage beside the program's, found from there.
+set(VANTREL_TESTS_DIR "${PROJECT_SOURCE_DIR}/tests")
+
+# Puts the libraries of a folder of the stage beside the program's, found from there. What
+# follows goes to `install`.
 function(vantrel_stage_target target folder origin)
     set_target_properties(${target} PROPERTIES
         PREFIX ""
@@ -45,6 +52,10 @@ function(vantrel_stage_target target folder origin)
         LIBRARY_OUTPUT_DIRECTORY "${VANTREL_STAGE_DIR}/${folder}"
         BUILD_WITH_INSTALL_RPATH ON
         INSTALL_RPATH "${origin}")
+    cmake_path(IS_PREFIX VANTREL_TESTS_DIR "${CMAKE_CURRENT_SOURCE_DIR}" isOfATest)
+    if(NOT isOfATest)
+        install(TARGETS ${target} ${ARGN} RUNTIME DESTINATION "${folder}" LIBRARY DESTINATION "${folder}")
+    endif()
 endfunction()
 
 # A symbol that nothing defines is found when the library is linked, not when a user loads
@@ -82,7 +93,7 @@ endfunction()
 
 function(vantrel_stage_library target)
     set_target_properties(${target} PROPERTIES VANTREL_WINDOWS OFF)
-    vantrel_stage_target(${target} bin "$ORIGIN")
+    vantrel_stage_target(${target} bin "$ORIGIN" EXPORT VantrelFrameworkTargets)
     vantrel_forbid_undefined(${target})
 endfunction()
 
@@ -114,6 +125,16 @@ function(vantrel_program target)
     vantrel_stage_target(${target} bin "$ORIGIN")
 endfunction()
 
+function(vantrel_tool target)
+    vantrel_parse()
+    add_executable(${target} ${ARG_SOURCES})
+    vantrel_apply_defaults(${target})
+    target_compile_definitions(${target} PRIVATE ${ARG_DEFINITIONS})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK})
+    set_target_properties(${target} PROPERTIES VANTREL_WINDOWS OFF)
+    vantrel_stage_target(${target} bin "$ORIGIN" EXPORT VantrelFrameworkTargets)
+endfunction()
+
 function(vantrel_stage_files target)
     vantrel_parse()
     set(copies)
@@ -129,6 +150,7 @@ function(vantrel_stage_files target)
         list(APPEND copies "${copy}")
     endforeach()
     add_custom_target(${target} ALL DEPENDS ${copies})
+    install(FILES ${copies} DESTINATION "${ARG_FOLDER}")
 endfunction()
 
 # The user's own settings must neither change a test nor be changed by one.

@@ -2,7 +2,7 @@
 # Installs the Debian packages that a command of the Makefile needs, and says which. Does
 # nothing, quickly, if all are there.
 #
-#   setup-debian.sh run|test|sanitize|fuzz|bench|lint|all ...
+#   setup-debian.sh run|test|sanitize|fuzz|bench|package|lint|all ...
 
 set -u
 
@@ -28,7 +28,7 @@ readonly lint=("${test[@]}" clang-format-14 clang-tidy-14)
 
 usage()
 {
-    echo "usage: $0 run|test|sanitize|fuzz|bench|lint|all ..." >&2
+    echo "usage: $0 run|test|sanitize|fuzz|bench|package|lint|all ..." >&2
     exit 2
 }
 
@@ -43,6 +43,7 @@ for group in "$@"; do
         test | sanitize) wanted+=("${test[@]}") ;;
         fuzz) wanted+=("${fuzz[@]}") ;;
         bench) wanted+=("${bench[@]}") ;;
+        package) wanted+=("${build[@]}") ;;
         lint) wanted+=("${lint[@]}") ;;
         all) wanted+=("${lint[@]}" "${fuzz[@]}" "${bench[@]}") ;;
         *) usage ;;
