@@ -6,14 +6,10 @@
 #include <Vantrel/QoxRule.h>
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 namespace
 {
-
-constexpr std::array RequiredOfRuleModules = { "GetAllRules", "GetRule", "SetXMLDoc", "SetDBModuleList" };
-constexpr std::array RequiredOfDatabaseModules = { "GetDbInterface", "DeleteDbInterface" };
 
 bool HasExports(Platform::LibraryHandle library, std::span<const char* const> names)
 {

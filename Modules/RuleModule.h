@@ -4,8 +4,16 @@
 
 #include <Vantrel/ModuleInterface.h>
 
+#include <array>
 #include <list>
 #include <string>
+
+/// Names of the exports that a rule module must have, and of those that it may have.
+inline constexpr std::array RequiredOfRuleModules = { "GetAllRules", "GetRule", "SetXMLDoc", "SetDBModuleList" };
+inline constexpr std::array OptionalOfRuleModules = { "GetModuleName", "GetModuleSummary", "DeleteRule" };
+
+/// Names of the exports that a database module must have.
+inline constexpr std::array RequiredOfDatabaseModules = { "GetDbInterface", "DeleteDbInterface" };
 
 /// Calls into a loaded rule module. Every export is looked up at each use, and one that is
 /// missing makes the call do nothing; nor does a failure inside a module come out.

@@ -22,12 +22,12 @@ ROWS = [
     {"RuleModules"},
     {"Compound", "Utilities"},
     {"Document", "Modules"},
-    {"Application", "Explorer", "Authoring", "TypeLib"},
+    {"Application", "Explorer", "Authoring", "TypeLib", "ModuleChecker"},
 ]
 ROW_OF = {folder: row for row, folders in enumerate(ROWS) for folder in folders}
 
 # Where all code is free of windows. In other folders it is what `vantrel_engine` builds.
-ENGINE_FOLDERS = {"Platform", "Framework", "RuleModules", "Compound"}
+ENGINE_FOLDERS = {"Platform", "Framework", "RuleModules", "Compound", "ModuleChecker"}
 
 # The only places that know which system they are made for.
 PLATFORM_SOURCES = ("Platform/Posix/", "Platform/Windows/")

@@ -1,0 +1,36 @@
+#pragma once
+
+/// What is wrong with a broken module.
+enum class Fault
+{
+    None,
+    CrashesAsItIsLoaded,
+    CrashesAtTheEnd,
+    GetAllRulesThrows,
+    GetAllRulesNeverReturns,
+    GivesANullRule,
+    GivesItsObjectsTwice,
+    TwoRulesOfOneName,
+    NoRuleName,
+    NoSecondSummary,
+    CriticalityOutOfRange,
+    NumberTwice,
+    DefaultOutsideItsRange,
+    RangeWithoutRoom,
+    HalfAWholeNumber,
+    DefaultIsNoChoice,
+    GetXMLGivesNothing,
+    GetXMLCrashes,
+    ComesBackChanged,
+    DoesNotKnowItsOwnRule,
+    TakesForeignElements,
+    ExitsInGetRule,
+    DriftsInUnits,
+    StaysInItsUnits,
+    TakesNoValuesOver,
+    CopiesBadly,
+    ModuleNameIsEmpty,
+    RulesNameAnotherModule,
+    NameMarksUserDefinedRules,
+    DeleteRuleThrows,
+};
