@@ -23,7 +23,7 @@ readonly assistive=(at-spi2-core dbus-daemon python3-gi)
 readonly test=("${build[@]}" "${look[@]}" "${display[@]}" "${assistive[@]}"
     libgtest-dev libgmock-dev libxml2-utils locales openssl unzip)
 readonly fuzz=("${build[@]}" clang-14 libclang-rt-14-dev)
-readonly bench=("${build[@]}" libbenchmark-dev)
+readonly bench=("${build[@]}" "${look[@]}" "${display[@]}" libbenchmark-dev)
 readonly lint=("${test[@]}" clang-format-14 clang-tidy-14)
 
 usage()
