@@ -8,6 +8,7 @@
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/ScopedLocale.h"
 #include "tests/Support/TestFiles.h"
+#include "Utilities/Texts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,7 +19,8 @@ namespace
 using testing::HasSubstr;
 
 constexpr const wchar_t* MachineKey = L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
-const std::wstring NotWritable = L"/proc/self";
+const std::wstring NotWritable = L"/proc/self"; // as on a disk that can only be read
+const std::wstring MissingDrive = L"Z:\\missing drive";
 
 class ScriptLocationTest : public testing::Test
 {
@@ -194,6 +196,53 @@ TEST_F(ScriptLocationTest, ALetterThatTheCodePageLacksIsRefused)
     EXPECT_EQ(location.Accept(folder.File(L"\u898F\u5247"), location.DatabaseFolder()),
               ScriptLocation::Refused::ScriptFolder);
     EXPECT_EQ(prompt.kinds, std::vector{ BoxKind::Error }) << "it is not even asked about";
+}
+
+TEST_F(ScriptLocationTest, AScriptFolderOnAMissingDriveIsNoFullPathHereAndRefused)
+{
+    const std::wstring before = script;
+    prompt.answer = true;
+    ScriptLocation location(script, false, prompt);
+    EXPECT_EQ(location.Accept(MissingDrive, location.DatabaseFolder()), ScriptLocation::Refused::ScriptFolder);
+    EXPECT_EQ(script, before);
+    ASSERT_EQ(prompt.texts.size(), 1u);
+    EXPECT_EQ(prompt.kinds.front(), BoxKind::Error);
+    EXPECT_EQ(prompt.texts.front(), FormatText(TextId::FolderPathInvalid, { MissingDrive }));
+}
+
+TEST_F(ScriptLocationTest, WhateverFolderIsNamedTheConfigurationFileStaysWhole)
+{
+    // The section that comes first is some other part's, and stays as it is.
+    const std::string modules = " [RULE_CONFIGURATION_MODULES]\n module1=/a.dll\n";
+    const auto file = [&modules](const std::wstring& path)
+    { return modules + " [RULE_SCRIPT_LOCATION]\n directory=" + Platform::WideToUtf8(path) + "\n"; };
+    WriteBytes(config, file(script));
+    prompt.answer = true;
+    const auto choose = [this](const std::wstring& wanted)
+    {
+        ChangeScriptLocation(
+            config,
+            [&](std::wstring& scriptFolder, std::wstring& databaseFolder)
+            {
+                ScriptLocation location(scriptFolder, false, prompt);
+                databaseFolder = location.DatabaseFolder();
+                return location.Accept(wanted, databaseFolder) == ScriptLocation::Refused::Nothing;
+            },
+            prompt);
+    };
+    for (const std::wstring& refused :
+         { MissingDrive, folder.File(std::wstring(400, L'x')), std::wstring(), folder.File(L"a[b") })
+    {
+        choose(refused);
+        EXPECT_EQ(ReadBytes(config), file(script));
+    }
+    const std::wstring letters = folder.File(L"R\u00E8gles \u898F\u5247");
+    for (const std::wstring& taken : { letters, NotWritable })
+    {
+        choose(taken);
+        EXPECT_EQ(ReadBytes(config), file(taken));
+    }
+    EXPECT_EQ(prompt.texts.back(), FormatText(TextId::FolderNotWritable, { NotWritable }));
 }
 
 TEST_F(ScriptLocationTest, APathOf400CharactersIsAskedAboutAndCanNotBeMade)

@@ -2,10 +2,12 @@
 
 #include "Platform/Environment.h"
 #include "Platform/Files.h"
+#include "Platform/Text.h"
 #include "tests/Support/OwnSettings.h"
 #include "tests/Support/TestFiles.h"
 
 #include <Vantrel/RuleUnits.h>
+#include <Vantrel/VantrelLog.h>
 
 #include <gtest/gtest.h>
 
@@ -249,6 +251,16 @@ TEST_F(UnitSettingsTest, ADamagedFileIsReplacedAndKeptBesideIt)
     WriteBytes(path, "damaged again");
     EXPECT_EQ(Write(4, 0), Written("feet", "degrees"));
     EXPECT_EQ(ReadBytes(copy), "<Settings><Mine>x</Mine") << "the older state stays";
+}
+
+TEST_F(UnitSettingsTest, ADamagedFileIsLoggedWithTheNameOfItsCopy)
+{
+    CVantrelLog::OpenLogFile(folder.File(L"log"));
+    WriteBytes(path, "no xml");
+    Write(3, 0);
+    CVantrelLog::CloseLogFile();
+    EXPECT_NE(ReadBytes(folder.File(L"log")).find("kept as " + Platform::WideToUtf8(path) + ".damaged"),
+              std::string::npos);
 }
 
 TEST_F(UnitSettingsTest, AnEmptyFileIsReplacedWithoutACopy)

@@ -199,12 +199,61 @@ TEST_F(ModuleRegistrationTest, AModuleOfTheOtherKindOrWithoutARequiredExportIsIn
 TEST_F(ModuleRegistrationTest, ALibraryThatDoesHarmAsItIsLoadedIsAnInvalidModuleAndTheProgramGoesOn)
 {
     ModuleRegistration registration = Register();
-    for (const wchar_t* const name : { L"ModuleThatAborts", L"ModuleThatExits", L"ModuleThatThrows" })
+    for (const wchar_t* const name :
+         { L"ModuleThatAborts", L"ModuleThatCrashes", L"ModuleThatExits", L"ModuleThatThrows" })
     {
         EXPECT_EQ(registration.Add(BrokenModule(name), std::nullopt), nullptr);
         EXPECT_EQ(m_prompt.texts.back(), FormatText(TextId::ModuleInvalid, { ToLower(BrokenModule(name)) }));
     }
-    EXPECT_EQ(m_prompt.texts.size(), 3u);
+    EXPECT_EQ(m_prompt.texts.size(), 4u);
+}
+
+TEST_F(ModuleRegistrationTest, WhateverIsRefusedTheConfigurationFileStaysAsItIs)
+{
+    Configure({ Complete });
+    const std::string before = " [RULE_CONFIGURATION_MODULES]\n" + ModuleLine(1, Complete);
+    WriteBytes(m_config, before);
+    WriteBytes(m_folder.File(L"text.dll"), "this is no library");
+    ASSERT_TRUE(Platform::MakeFolder(m_folder.File(L"folder.dll")));
+    const std::vector<std::wstring> paths = {
+        BrokenModule(L"ModuleThatCrashes"),
+        m_folder.File(L"text.dll"),
+        m_folder.File(std::wstring(400, L'x') + L".dll"),
+        m_folder.File(L"folder.dll"),
+        m_folder.Path(),
+        TestModulePath(Database),
+    };
+    {
+        ModuleRegistration registration = Register();
+        for (const std::wstring& path : paths)
+        {
+            EXPECT_EQ(registration.Add(path, std::nullopt), nullptr);
+            EXPECT_THAT(m_prompt.texts.back(), HasSubstr(ToLower(path))) << "the message names it";
+        }
+        EXPECT_EQ(m_prompt.kinds, std::vector(paths.size(), BoxKind::Error));
+        EXPECT_EQ(ReadBytes(m_config), before);
+        EXPECT_TRUE(registration.Save()) << "with the modules that it had";
+    }
+    EXPECT_EQ(ReadBytes(m_config), before);
+    EXPECT_EQ(Loaded(), Names{ Complete });
+}
+
+TEST_F(ModuleRegistrationTest, AModuleAtAPathOfMoreThan400CharactersIsAddedAndSavedWhole)
+{
+    std::wstring folder = m_folder.Path();
+    while (folder.size() < 400)
+    {
+        folder += Separator + std::wstring(100, L'x');
+        ASSERT_TRUE(Platform::MakeFolder(folder));
+    }
+    CopyModule(Complete, folder + Separator + L"far.so");
+    ModuleRegistration registration = Register();
+    ASSERT_NE(registration.Add(folder + Separator + L"far.dll", std::nullopt), nullptr);
+    EXPECT_TRUE(m_prompt.texts.empty());
+    EXPECT_TRUE(registration.Save());
+    EXPECT_EQ(ReadBytes(m_config), " [RULE_CONFIGURATION_MODULES]\n module1=" +
+                                       Platform::WideToUtf8(folder + Separator + L"far.dll") + "\n");
+    Platform::ReleaseLibrary(registration.Modules().back()); // the load of the registration
 }
 
 TEST_F(ModuleRegistrationTest, APathThatTheConfigurationFileCanNotHoldIsRefused)

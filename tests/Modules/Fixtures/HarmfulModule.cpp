@@ -14,6 +14,9 @@ struct HarmfulStart
         std::abort();
 #elif defined(HARM_EXITS)
         std::exit(0);
+#elif defined(HARM_CRASHES)
+        volatile int* const nothing = nullptr;
+        *nothing = 1;
 #elif defined(HARM_THROWS)
         throw std::runtime_error("a library failed");
 #endif
