@@ -1,8 +1,11 @@
 #pragma once
 
+#include "Explorer/RowChanges.h"
 #include "Explorer/RuleOrder.h"
+#include "Explorer/RuleRowTable.h"
 #include "Explorer/RuleRows.h"
 #include "Explorer/TextWidths.h"
+#include "Explorer/TypedSearchKeys.h"
 
 #include <wx/listctrl.h>
 
@@ -17,7 +20,10 @@ class wxClientDC;
 /// The rule list: rows with boxes, each with its rule. The rules are not owned.
 ///
 /// A click selects a row, with Ctrl one more, with Shift all from the anchor on. Space sets the
-/// boxes of the selected rows, Ctrl+A selects all.
+/// boxes of the selected rows, Ctrl+A selects all. Letters lead to the rule whose name has them.
+///
+/// The control is a virtual one: it shows what the table of rows holds and measures no text that
+/// isn't in view.
 class CQOXRMListCtrlEx : public wxListCtrl, public IRuleRows
 {
 public:
@@ -26,14 +32,21 @@ public:
 
     /// Called with the numbers of rows whose focus, selection or box the user has changed: once
     /// for all rows of a command.
-    void SetRowsChangedHandler(std::function<void(const std::vector<int>&)> handler)
-    {
-        m_rowsChanged = std::move(handler);
-    }
+    void SetRowsChangedHandler(RowChanges::Handler handler) { m_changes.SetHandler(std::move(handler)); }
 
     /// Called with the number of a row that the user wants to edit: after a double click beside
     /// its box, or Enter, with no more than one row selected.
     void SetEditHandler(std::function<void(int)> handler) { m_edit = std::move(handler); }
+
+    /// Called with what the user has typed to find a rule, and whether a row has it; with an
+    /// empty text when the search has ended.
+    void SetSearchHandler(TypedSearchKeys::Handler handler) { m_search.SetHandler(std::move(handler)); }
+
+    /// Ends the search by letters, if one is running.
+    void EndSearch() { m_search.End(); }
+
+    /// Selects the row alone, gives it the focus and scrolls it into view.
+    void GoToRow(int row);
 
     /// While set, changes of rows are the program's own and are not reported.
     void SetFilling(bool filling);
@@ -56,6 +69,12 @@ public:
     /// Selects all rows, as Ctrl+A does.
     void SelectAll();
 
+    /// What a row shows in a column.
+    const std::wstring& Text(int row, int column) const { return m_rows.Text(row, column); }
+
+    /// Removes all rows.
+    void DeleteAllItems();
+
     int RowCount() const override;
     CQoxRule* RuleOfRow(int row) const override;
     int InsertRow(CQoxRule* rule, const std::wstring& text) override;
@@ -71,16 +90,18 @@ public:
     void SetAnchor(int row) override { m_anchor = row; }
 
 private:
-    class Changes;
-    class Selection;
+    wxString OnGetItemText(long row, long column) const override;
+    bool OnGetItemIsChecked(long row) const override;
 
     void OnRowChange(wxListEvent& event);
     void OnActivated(wxListEvent& event);
     void OnKey(wxKeyEvent& event);
+    void OnLetter(wxKeyEvent& event);
     void OnLeftDown(wxMouseEvent& event);
     void OnLeftDoubleClick(wxMouseEvent& event);
     void OnRightDown(wxMouseEvent& event);
 
+    void NoteChange(int row);
     int RowAt(const wxMouseEvent& event) const;
     bool IsOnBox(const wxMouseEvent& event, int row) const;
     void FinishClick();
@@ -89,14 +110,14 @@ private:
     void ToggleSelected();
     void FocusAnyRow();
     void SortRows();
-    void NoteTickedRules();
     int MeasureText(const std::wstring& text);
 
-    std::function<void(const std::vector<int>&)> m_rowsChanged;
+    RuleRowTable m_rows;
+    RowChanges m_changes;
     std::function<void(int)> m_edit;
+    TypedSearchKeys m_search;
     bool m_filling = false;
-    bool m_anySelected = false;   // some row may be
-    Changes* m_changes = nullptr; // those of the command that runs, else null
+    bool m_searching = false; // what changes is what the search goes to
     int m_anchor = -1;
     bool m_ctrlClick = false;
     int m_lastClicked = -1;
