@@ -4,6 +4,7 @@
 #include "Document/ConfigModuleDoc.h"
 #include "Explorer/CutTextTips.h"
 #include "Explorer/ListCtrlEx.h"
+#include "Explorer/RuleColumns.h"
 #include "Explorer/RuleText.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/FrameworkLibrary.h"
@@ -34,9 +35,6 @@ constexpr int StartColumnWidth = 100;
 constexpr int SummaryStartWidth = 500;
 constexpr int SummaryScrollAllowance = 20;
 
-// Share of the list's width that a column gets.
-constexpr std::array<double, RuleColumnCount> ColumnShares = { 0.395, 0.2, 0.2, 0.2 };
-
 std::optional<bool> QueryVSTASupport()
 {
     const Platform::LibraryHandle framework = LoadFrameworkLibrary();
@@ -51,6 +49,8 @@ std::optional<bool> QueryVSTASupport()
 }
 
 } // namespace
+
+CQOXRMConfigModuleView::CQOXRMConfigModuleView() = default;
 
 CQOXRMConfigModuleView::~CQOXRMConfigModuleView() = default;
 
@@ -143,6 +143,11 @@ std::unique_ptr<wxMenu> CQOXRMConfigModuleView::MakeContextMenu() const
     return menu;
 }
 
+std::unique_ptr<wxMenu> CQOXRMConfigModuleView::MakeHeadingsMenu()
+{
+    return m_ruleColumns->MakeMenu();
+}
+
 void CQOXRMConfigModuleView::OnContextMenu(wxContextMenuEvent& event)
 {
     if (m_ruleList->SelectedCount() > 1)
@@ -190,7 +195,9 @@ void CQOXRMConfigModuleView::MakeControls()
 
     m_ruleList->SetRowsChangedHandler([this](const std::vector<int>& rows) { m_explorer->OnRowsChanged(rows); });
     m_ruleList->SetEditHandler([this](int row) { EditRow(row); });
+    m_ruleList->SetSearchHandler([this](const std::wstring& text, bool found) { ShowSearch(text, found); });
     m_ruleList->Bind(wxEVT_CONTEXT_MENU, &CQOXRMConfigModuleView::OnContextMenu, this);
+    m_ruleColumns = std::make_unique<RuleColumns>(*m_ruleList);
     m_ruleTips = std::make_unique<CutTextTips>(*m_ruleList);
     m_summaryTips = std::make_unique<CutTextTips>(*m_summaryList);
     m_form->Bind(wxEVT_SIZE,
@@ -298,6 +305,10 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
 void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*/, wxView* /*deactiveView*/)
 {
     s_frames->SetActiveTitle(activate ? GetDocument()->GetTitle() : wxString());
+    if (!activate && m_ruleList != nullptr && GetFrame() != nullptr)
+    {
+        m_ruleList->EndSearch(); // the status is for another view to show
+    }
     if (activate && m_ruleList != nullptr && m_explorer != nullptr && GetFrame() != nullptr)
     {
         SetSingleSelection(m_ruleList->SelectedCount() == 1);
@@ -349,7 +360,24 @@ void CQOXRMConfigModuleView::ShowSummary(const std::wstring& text)
 
 void CQOXRMConfigModuleView::SetStatus(const std::wstring& text)
 {
-    s_frames->SetStatusText(text);
+    m_status = text;
+    if (!m_searching)
+    {
+        s_frames->SetStatusText(text);
+    }
+}
+
+void CQOXRMConfigModuleView::ShowSearch(const std::wstring& text, bool found)
+{
+    m_searching = !text.empty();
+    if (m_searching)
+    {
+        s_frames->SetStatusText(FormatText(found ? TextId::FindTyping : TextId::FindTypingNothing, { text }));
+    }
+    else
+    {
+        s_frames->SetStatusText(m_status);
+    }
 }
 
 void CQOXRMConfigModuleView::TellNoDatabaseModule()
@@ -380,10 +408,7 @@ void CQOXRMConfigModuleView::Layout()
     m_summaryLabel->SetSize(Margin, labelTop, labelSize.GetWidth(), labelSize.GetHeight());
     m_summaryList->SetSize(Margin, labelTop + labelSize.GetHeight() + 5, width, std::max(height / 4 - 40, 1));
 
-    for (int column = RuleColumnCount - 1; column >= 0; --column)
-    {
-        m_ruleList->SetColumnWidth(column, static_cast<int>(width * ColumnShares[static_cast<std::size_t>(column)]));
-    }
+    m_ruleColumns->Layout(width);
     if (m_explorer != nullptr)
     {
         m_explorer->ShowRuleSummary();

@@ -7,12 +7,14 @@
 #include <wx/docview.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 class ConcreteQOXRule;
 class CQOXRMConfigModuleDoc;
 class CQOXRMListCtrlEx;
 class CutTextTips;
+class RuleColumns;
 class wxListCtrl;
 class wxMenu;
 class wxPanel;
@@ -41,7 +43,7 @@ using UserRuleDialogFunction = void (*)(wxWindow* parent, ConcreteQOXRule& rule)
 class CQOXRMConfigModuleView : public wxView, public IRuleView, public IExplorerWindow
 {
 public:
-    CQOXRMConfigModuleView() = default;
+    CQOXRMConfigModuleView();
     ~CQOXRMConfigModuleView() override;
 
     /// Who makes the frames; not owned.
@@ -68,6 +70,9 @@ public:
     /// What a right click on the rule list offers, for the row with the focus.
     std::unique_ptr<wxMenu> MakeContextMenu() const;
 
+    /// What a right click on the headings of the rule list offers.
+    std::unique_ptr<wxMenu> MakeHeadingsMenu();
+
     CQOXRMListCtrlEx& RuleListCtrl() { return *m_ruleList; }
     wxListCtrl& SummaryListCtrl() { return *m_summaryList; }
 
@@ -91,6 +96,7 @@ private:
     int RowOfCommands() const;
     void Layout();
     void UpdateRuleList(bool fromDocument);
+    void ShowSearch(const std::wstring& text, bool found);
 
     static IViewFrames* s_frames; // owned by the program
     static UserRuleDialogFunction s_userRuleDialog;
@@ -99,9 +105,12 @@ private:
     CQOXRMListCtrlEx* m_ruleList = nullptr;
     wxStaticText* m_summaryLabel = nullptr;
     wxListCtrl* m_summaryList = nullptr;
+    std::unique_ptr<RuleColumns> m_ruleColumns;
     std::unique_ptr<CutTextTips> m_ruleTips;
     std::unique_ptr<CutTextTips> m_summaryTips;
     std::unique_ptr<RuleExplorer> m_explorer;
+    std::wstring m_status;
+    bool m_searching = false; // the user looks for a rule by letters
 
     wxDECLARE_DYNAMIC_CLASS(CQOXRMConfigModuleView);
 };

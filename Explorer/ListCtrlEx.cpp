@@ -3,6 +3,7 @@
 #include "Explorer/RowSelection.h"
 
 #include <wx/dcclient.h>
+#include <wx/renderer.h>
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +13,9 @@ namespace
 
 // A column is widened once a text needs more than it has with this much air.
 constexpr double ColumnAir = 1.2;
+
+constexpr int MarginOfBox = 5;  // on either side
+constexpr int MarginOfText = 8; // likewise
 
 constexpr int SelectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
 
@@ -198,6 +202,34 @@ void CQOXRMListCtrlEx::SetText(int row, int column, const std::wstring& text)
     {
         RefreshItem(row);
     }
+}
+
+bool CQOXRMListCtrlEx::SetColumnWidth(int column, int width)
+{
+    if (width != wxLIST_AUTOSIZE)
+    {
+        return wxListCtrl::SetColumnWidth(column, width);
+    }
+    // The control would go by what it measured when it did so for the first time.
+    const bool set = wxListCtrl::SetColumnWidth(column, FittingWidth(column));
+    if (m_fitted)
+    {
+        m_fitted();
+    }
+    return set;
+}
+
+int CQOXRMListCtrlEx::FittingWidth(int column)
+{
+    int widest = 0;
+    for (int row = 0; row < RowCount(); ++row)
+    {
+        widest = std::max(widest, m_widths.WidthIfAbove(m_rows.Text(row, column), widest));
+    }
+    m_widths.Forget(); // the font may be another next time
+    m_measuring.reset();
+    const int box = column == 0 ? wxRendererNative::Get().GetCheckBoxSize(this).GetWidth() + 2 * MarginOfBox : 0;
+    return widest + box + 2 * MarginOfText;
 }
 
 bool CQOXRMListCtrlEx::IsTicked(int row) const

@@ -48,6 +48,9 @@ public:
     /// Selects the row alone, gives it the focus and scrolls it into view.
     void GoToRow(int row);
 
+    /// Called after a column was fitted to its texts.
+    void SetFittedHandler(std::function<void()> handler) { m_fitted = std::move(handler); }
+
     /// While set, changes of rows are the program's own and are not reported.
     void SetFilling(bool filling);
 
@@ -74,6 +77,10 @@ public:
 
     /// Removes all rows.
     void DeleteAllItems();
+
+    /// Gives a column a width in pixels, or one that has room for each of its texts
+    /// (`wxLIST_AUTOSIZE`), in view or not.
+    bool SetColumnWidth(int column, int width) override;
 
     int RowCount() const override;
     CQoxRule* RuleOfRow(int row) const override;
@@ -110,11 +117,13 @@ private:
     void ToggleSelected();
     void FocusAnyRow();
     void SortRows();
+    int FittingWidth(int column);
     int MeasureText(const std::wstring& text);
 
     RuleRowTable m_rows;
     RowChanges m_changes;
     std::function<void(int)> m_edit;
+    std::function<void()> m_fitted;
     TypedSearchKeys m_search;
     bool m_filling = false;
     bool m_searching = false; // what changes is what the search goes to

@@ -1,5 +1,6 @@
 #include "Explorer/TextWidths.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace
@@ -14,6 +15,25 @@ bool StandsAlone(wchar_t character)
            (code >= 0xff00 && code < 0xfff0);
 }
 
+bool IsDigit(wchar_t character)
+{
+    return character >= L'0' && character <= L'9';
+}
+
+/// Each digit beside each other one.
+std::wstring AllPairsOfDigits()
+{
+    std::wstring pairs;
+    for (wchar_t first = L'0'; first <= L'9'; ++first)
+    {
+        for (wchar_t second = L'0'; second <= L'9'; ++second)
+        {
+            pairs += { first, second };
+        }
+    }
+    return pairs;
+}
+
 } // namespace
 
 int TextWidths::WidthIfAbove(const std::wstring& text, double room)
@@ -22,10 +42,16 @@ int TextWidths::WidthIfAbove(const std::wstring& text, double room)
     {
         return 0;
     }
-    const auto [known, isNew] = m_texts.try_emplace(text, 0);
+    // Names that differ in their numbers alone are many and all as wide.
+    std::wstring sameWidth = text;
+    if (std::any_of(text.begin(), text.end(), IsDigit) && AreDigitsEqual())
+    {
+        std::replace_if(sameWidth.begin(), sameWidth.end(), IsDigit, L'0');
+    }
+    const auto [known, isNew] = m_texts.try_emplace(sameWidth, 0);
     if (isNew)
     {
-        known->second = m_measure(text);
+        known->second = m_measure(sameWidth);
     }
     return known->second > room ? known->second : 0;
 }
@@ -34,6 +60,23 @@ void TextWidths::Forget()
 {
     m_letters.clear();
     m_texts.clear();
+    m_digitsEqual.reset();
+}
+
+bool TextWidths::AreDigitsEqual()
+{
+    if (!m_digitsEqual)
+    {
+        const std::wstring pairs = AllPairsOfDigits();
+        const auto isAsWide = [&, width = m_measure(std::wstring(pairs.size(), L'0'))](const std::wstring& text)
+        { return m_measure(text) == width; };
+        m_digitsEqual = isAsWide(pairs);
+        for (wchar_t digit = L'1'; digit <= L'9' && *m_digitsEqual; ++digit)
+        {
+            m_digitsEqual = isAsWide(std::wstring(pairs.size(), digit));
+        }
+    }
+    return *m_digitsEqual;
 }
 
 double TextWidths::AtMost(const std::wstring& text)

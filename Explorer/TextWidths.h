@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -23,8 +24,10 @@ public:
 
 private:
     double AtMost(const std::wstring& text);
+    bool AreDigitsEqual();
 
     Measure m_measure;
+    std::optional<bool> m_digitsEqual; // nothing until it was looked at
     std::unordered_map<wchar_t, double> m_letters;
     std::unordered_map<std::wstring, int> m_texts;
 };

@@ -74,7 +74,7 @@ int TypedSearch::Shorten(const Rows& rows, Time now)
         return -1;
     }
     int row = Find(m_text, rows);
-    if (row < 0 && IsOneLetterRepeated(m_text))
+    if (row < 0 && IsOneLetterRepeated(FoldedText(m_text)))
     {
         row = Find(m_text.substr(0, 1), rows);
     }

@@ -153,6 +153,17 @@ TEST_F(ListCtrlExTest, ShiftAndArrowsGoOnFromTheClickedRow)
     EXPECT_EQ(Selected(), (RowNumbers{ 2, 3, 4 }));
 }
 
+TEST_F(ListCtrlExTest, WhatShiftAndAnArrowSelectIsReportedOnceItIsSelected)
+{
+    int selectedWhenReported = -1;
+    list->SetRowsChangedHandler([&](const std::vector<int>&) { selectedWhenReported = list->SelectedCount(); });
+    AddRows(8);
+    Click(2);
+    Press(WXK_END, wxMOD_SHIFT);
+    EXPECT_EQ(list->SelectedCount(), 6);
+    EXPECT_EQ(selectedWhenReported, 6);
+}
+
 TEST_F(ListCtrlExTest, CtrlAndASelectsAllRowsAndReportsThemTogether)
 {
     AddRows(5);

@@ -132,6 +132,67 @@ TEST_F(ListCtrlExTest, AColumnThatTheUserFitsToItsTextsHasRoomForTheLongest)
     EXPECT_GT(list->GetColumnWidth(0), list->GetTextExtent(text).GetWidth());
 }
 
+TEST_F(ListCtrlExTest, AColumnThatIsFittedAgainHasRoomForTextsThatCameSince)
+{
+    const std::wstring text = L"A text that needs more than the column has, by a good deal";
+    Add(L"short", false);
+    list->SetColumnWidth(0, wxLIST_AUTOSIZE);
+    EXPECT_LT(list->GetColumnWidth(0), 200);
+    Add(text, false);
+    list->SetColumnWidth(0, wxLIST_AUTOSIZE);
+    EXPECT_GT(list->GetColumnWidth(0), list->GetTextExtent(text).GetWidth());
+    list->SetText(0, 1, text);
+    list->SetColumnWidth(1, wxLIST_AUTOSIZE);
+    EXPECT_GT(list->GetColumnWidth(1), list->GetTextExtent(text).GetWidth());
+}
+
+TEST_F(ListCtrlExTest, ARowThatGoesTakesItsSelectionAndBoxAlongAndLeavesThoseOfTheOthers)
+{
+    Add(L"a", true);
+    Add(L"b", false);
+    Add(L"c", true);
+    list->SetSelected(0, true);
+    list->SetSelected(2, true);
+    list->SetItemState(2, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+    list->RemoveRow(0);
+    EXPECT_EQ(Shown(), L"b c+ ");
+    EXPECT_EQ(Selected(), RowNumbers{ 1 });
+    EXPECT_EQ(list->SelectedCount(), 1);
+    EXPECT_EQ(list->FocusedRow(), 1);
+    list->DeleteAllItems();
+    EXPECT_EQ(list->RowCount(), 0);
+    EXPECT_EQ(list->SelectedCount(), 0);
+    Add(L"d", false);
+    EXPECT_EQ(Shown(), L"d ");
+    EXPECT_EQ(Selected(), RowNumbers{});
+}
+
+TEST_F(ListCtrlExTest, AllRowsStaySelectedWhenTheyAreSorted)
+{
+    for (const wchar_t* const name : { L"c", L"a", L"b" })
+    {
+        Add(name, false);
+    }
+    list->SelectAll();
+    list->Sort(RuleOrder::KeyCategory);
+    EXPECT_EQ(Selected(), (RowNumbers{ 0, 1, 2 }));
+    list->DeselectAll();
+    EXPECT_EQ(Selected(), RowNumbers{});
+}
+
+TEST_F(ListCtrlExTest, ABoxThatIsSetIsReportedAndOneThatIsSetAlreadyIsNot)
+{
+    Add(L"a", false);
+    list->SetTicked(0, true);
+    EXPECT_EQ(reported, RowNumbers{ 0 });
+    list->SetTicked(0, true);
+    EXPECT_EQ(reports, 1);
+    list->CheckItem(0, false); // as a click on the box does
+    EXPECT_FALSE(list->IsTicked(0));
+    EXPECT_FALSE(list->IsItemChecked(0));
+    EXPECT_EQ(reports, 2);
+}
+
 TEST_F(ListCtrlExTest, TenThousandRowsAreSorted)
 {
     constexpr int Count = 10'000;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <vector>
 
 namespace
@@ -65,4 +67,28 @@ TEST_F(TextWidthsTest, IdeographsAndSyllablesAreTakenByThemselves)
 {
     EXPECT_EQ(widths.WidthIfAbove(L"\u898f\u5247\uaddc\uce59", 100), 0);
     EXPECT_TRUE(measured.empty());
+}
+
+TEST_F(TextWidthsTest, TextsThatDifferInTheirNumbersAloneAreMeasuredOnce)
+{
+    EXPECT_EQ(widths.WidthIfAbove(L"rule 123", 70), 80);
+    EXPECT_EQ(widths.WidthIfAbove(L"rule 456", 70), 80);
+    EXPECT_EQ(std::count(measured.begin(), measured.end(), L"rule 000"), 1);
+    EXPECT_EQ(std::count(measured.begin(), measured.end(), L"rule 456"), 0);
+}
+
+TEST(TextWidthsDigitsTest, WhereDigitsAreOfDifferentWidthsEachTextIsMeasured)
+{
+    for (const std::wstring narrow : { L"1", L"71" }) // a digit, and one beside another
+    {
+        std::vector<std::wstring> measured;
+        TextWidths widths(
+            [&](const std::wstring& text)
+            {
+                measured.push_back(text);
+                return static_cast<int>(text.size()) * 10 - (text.find(narrow) != std::wstring::npos ? 1 : 0);
+            });
+        EXPECT_EQ(widths.WidthIfAbove(L"rule 00", 60), 70);
+        EXPECT_EQ(widths.WidthIfAbove(L"rule 71", 60), 69);
+    }
 }
