@@ -25,8 +25,8 @@ ColumnShares::Widths ColumnShares::In(int listWidth) const
     {
         widths[column] =
             m_ofUser
-                ? std::max(LeastWidth, static_cast<int>(std::lround(
-                                           static_cast<double>((*m_ofUser)[column]) * listWidth / Whole)))
+                ? std::max(LeastWidth,
+                           static_cast<int>(std::lround(static_cast<double>((*m_ofUser)[column]) * listWidth / Whole)))
                 : static_cast<int>(listWidth * OwnShares[column]);
     }
     return widths;

@@ -2,8 +2,8 @@
 
 #include "Explorer/RowChanges.h"
 #include "Explorer/RuleOrder.h"
-#include "Explorer/RuleRowTable.h"
 #include "Explorer/RuleRows.h"
+#include "Explorer/RuleRowTable.h"
 #include "Explorer/TextWidths.h"
 #include "Explorer/TypedSearchKeys.h"
 

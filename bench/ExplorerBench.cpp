@@ -17,6 +17,7 @@
 #include <wx/frame.h>
 #include <wx/init.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
@@ -66,15 +67,27 @@ public:
     void TellEditorFailed(const std::wstring& /*ruleName*/) override {}
 };
 
+/// What the names of rules differ in.
+enum class Names : int
+{
+    InNumbers,
+    InLetters,
+};
+
 /// A document of user-defined rules, a third of them in the file.
-void FillDocument(RuleDocument& document)
+void FillDocument(RuleDocument& document, Names names)
 {
     constexpr std::array Categories = { L"Holes", L"Walls", L"Pockets", L"Bends", L"Tolerances" };
     for (int number = 0; number < Rows; ++number)
     {
         ConcreteQOXRule rule;
         // Names in no order, as long as those of real rules.
-        const std::wstring place = std::to_wstring((number * 7'919LL) % Rows);
+        std::wstring place = std::to_wstring((number * 7'919LL) % Rows);
+        if (names == Names::InLetters)
+        {
+            std::transform(place.begin(), place.end(), place.begin(),
+                           [](wchar_t digit) { return static_cast<wchar_t>(digit - L'0' + L'a'); });
+        }
         rule.m_strRuleName = L"Minimum distance between features " + place;
         rule.m_strDisplayName = rule.m_strRuleName;
         rule.m_strSummary = L"Finds features that are too near to each other.";
@@ -99,9 +112,10 @@ void AddColumns(List& list)
 class RuleListUnderTest
 {
 public:
-    RuleListUnderTest() : list(new CQOXRMListCtrlEx(Toolkit::Get().frame)) // owned until it is destroyed here
+    explicit RuleListUnderTest(Names names = Names::InNumbers)
+        : list(new CQOXRMListCtrlEx(Toolkit::Get().frame)) // owned until it is destroyed here
     {
-        FillDocument(document);
+        FillDocument(document, names);
         AddColumns(*list);
         m_explorer = std::make_unique<RuleExplorer>(document, m_modules, *list, m_window, [] { return true; });
         list->SetRowsChangedHandler([this](const std::vector<int>& rows) { m_explorer->OnRowsChanged(rows); });
@@ -223,7 +237,7 @@ void FillRows(benchmark::State& state)
     Pairs pairs;
     for ([[maybe_unused]] auto _ : state)
     {
-        RuleListUnderTest ours;
+        RuleListUnderTest ours(static_cast<Names>(state.range(0)));
         BareList bare;
         const double oursTime = SecondsOf([&] { ours.Fill(); });
         pairs.Add(oursTime, SecondsOf([&] { bare.Fill(ours.document.UserRules()); }));
@@ -314,9 +328,31 @@ void TickAllRows(benchmark::State& state)
     pairs.Report(state);
 }
 
-BENCHMARK(FillRows)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
+/// A letter that no name has, which looks at all of all names.
+void FindNothing(benchmark::State& state)
+{
+    RuleListUnderTest ours;
+    ours.Fill();
+    bool found = true;
+    ours.list->SetSearchHandler([&found](const std::wstring& text, bool has) { found = text.empty() || has; });
+    std::vector<double> times;
+    for ([[maybe_unused]] auto _ : state)
+    {
+        wxKeyEvent letter(wxEVT_CHAR);
+        letter.m_uniChar = L'z';
+        const double time = SecondsOf([&] { ours.list->ProcessWindowEvent(letter); });
+        Require(!found, "a name has the letter");
+        ours.list->EndSearch();
+        times.push_back(time * 1000);
+        state.SetIterationTime(time);
+    }
+    state.counters["ours_ms"] = Median(times);
+}
+
+BENCHMARK(FillRows)->DenseRange(0, 1)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(SortRows)->DenseRange(1, 4)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(SelectAllRows)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(FindNothing)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(TickAllRows)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
