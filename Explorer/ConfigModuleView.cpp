@@ -211,7 +211,9 @@ void CQOXRMConfigModuleView::MakeControls()
 
 void CQOXRMConfigModuleView::OnInitialUpdate()
 {
+    m_ruleList->SetKeepsWidths(true);
     UpdateRuleList(true);
+    m_ruleList->SetKeepsWidths(false);
     Layout();
     m_ruleList->Sort(RuleOrder::KeyTicked);
     SetSingleSelection(false);

@@ -334,6 +334,10 @@ void CQOXRMListCtrlEx::ScrollIntoView(int row)
 
 void CQOXRMListCtrlEx::WidenColumnFor(int column, const std::wstring& text)
 {
+    if (m_keepsWidths)
+    {
+        return;
+    }
     const int width = GetColumnWidth(column);
     const int needed = static_cast<int>(m_widths.WidthIfAbove(text, width / ColumnAir) * ColumnAir);
     if (width < needed)

@@ -54,6 +54,10 @@ public:
     /// While set, changes of rows are the program's own and are not reported.
     void SetFilling(bool filling);
 
+    /// While set, no text widens its column: for a fill after which the columns are laid out
+    /// anyway. To tell how wide texts are is nearly all the work of a large one.
+    void SetKeepsWidths(bool keeps) { m_keepsWidths = keeps; }
+
     /// Sorts the rows by the key of a column, or turns the order round if they are sorted by
     /// it. The header shows by which column and which way. What is selected stays so.
     void Sort(int key);
@@ -126,6 +130,7 @@ private:
     std::function<void()> m_fitted;
     TypedSearchKeys m_search;
     bool m_filling = false;
+    bool m_keepsWidths = false;
     bool m_searching = false; // what changes is what the search goes to
     int m_anchor = -1;
     bool m_ctrlClick = false;

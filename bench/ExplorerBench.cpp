@@ -239,6 +239,8 @@ void FillRows(benchmark::State& state)
     {
         RuleListUnderTest ours(static_cast<Names>(state.range(0)));
         BareList bare;
+        // As when a file is opened, after which the columns are laid out; or as when modules come.
+        ours.list->SetKeepsWidths(state.range(1) == 0);
         const double oursTime = SecondsOf([&] { ours.Fill(); });
         pairs.Add(oursTime, SecondsOf([&] { bare.Fill(ours.document.UserRules()); }));
         state.SetIterationTime(oursTime);
@@ -349,7 +351,12 @@ void FindNothing(benchmark::State& state)
     state.counters["ours_ms"] = Median(times);
 }
 
-BENCHMARK(FillRows)->DenseRange(0, 1)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(FillRows)
+    ->ArgsProduct({ { 0, 1 }, { 0, 1 } })
+    ->ArgNames({ "names", "widening" })
+    ->Iterations(Rounds)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(SortRows)->DenseRange(1, 4)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(SelectAllRows)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FindNothing)->Iterations(Rounds)->UseManualTime()->Unit(benchmark::kMillisecond);

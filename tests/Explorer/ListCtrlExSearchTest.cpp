@@ -224,7 +224,8 @@ TEST_F(ListCtrlExSearchTest, ASpaceThatAnInputMethodDidNotWantSetsTheBox)
 {
     Make(Names);
     wxKeyEvent letter(wxEVT_CHAR_HOOK);
-    letter.m_keyCode = letter.m_uniChar = 'X'; // a composition that is given up
+    letter.m_keyCode = 'X'; // a composition that is given up
+    letter.m_uniChar = L'X';
     list->ProcessWindowEvent(letter);
     Press(WXK_SPACE);
     EXPECT_EQ(Ticked(), RowNumbers{ 0 });

@@ -124,6 +124,17 @@ TEST_F(ListCtrlExTest, AColumnIsWidenedToTheTextAndAFifthCutToAWholeNumber)
     EXPECT_EQ(list->GetColumnWidth(1), width);
 }
 
+TEST_F(ListCtrlExTest, WhileWidthsAreKeptNoTextWidensItsColumn)
+{
+    const std::wstring text = L"A text that needs more than the column has, by a good deal";
+    list->SetKeepsWidths(true);
+    list->WidenColumnFor(0, text);
+    EXPECT_EQ(list->GetColumnWidth(0), 200);
+    list->SetKeepsWidths(false);
+    list->WidenColumnFor(0, text);
+    EXPECT_GT(list->GetColumnWidth(0), 200);
+}
+
 TEST_F(ListCtrlExTest, AColumnThatTheUserFitsToItsTextsHasRoomForTheLongest)
 {
     const std::wstring text = L"A text that needs more than the column has, by a good deal";
