@@ -8,7 +8,7 @@
 #
 # Imported targets, so that their headers are system headers to the compiler.
 
-find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS aui core base)
 add_library(vantrel_wx INTERFACE IMPORTED)
 target_include_directories(vantrel_wx SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
 target_compile_definitions(vantrel_wx INTERFACE ${wxWidgets_DEFINITIONS})

@@ -53,9 +53,9 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/WriteAccess.cpp)
 set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 
-pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0)
-set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp)
-set(VANTREL_PLATFORM_LOOP_LINK PkgConfig::GLib)
+pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0 gobject-2.0)
+set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp Posix/MenuIcons.cpp Posix/ScrollBars.cpp)
+set(VANTREL_PLATFORM_LOOP_LINK ${CMAKE_DL_LIBS} PkgConfig::GLib)
 
 # What a language library needs beside its texts. The folder of the languages reads it.
 set(VANTREL_TEXT_LIBRARY_SOURCES "${CMAKE_CURRENT_LIST_DIR}/TextLibraryExport.cpp"
