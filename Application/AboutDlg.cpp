@@ -1,5 +1,7 @@
 #include "Application/AboutDlg.h"
 
+#include "Explorer/Controls/HyperLink.h"
+#include "Modules/ApplicationGlobals.h"
 #include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
@@ -38,7 +40,19 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
     auto* const lines = new wxBoxSizer(wxVERTICAL);
     lines->Add(name, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));
     lines->Add(build, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));
-    lines->Add(description);
+    lines->Add(description, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));
+    auto* const help = new CHyperLink(this, wxID_ANY, LoadText(TextId::AboutHelpLink));
+    help->SetNotifyParent(true);
+    help->AdaptColoursToWindow();
+    lines->Add(help);
+    Bind(EVT_HYPERLINK_CLICKED,
+         [](wxCommandEvent&)
+         {
+             if (g_pApp != nullptr)
+             {
+                 g_pApp->ShowHelp(HelpTopic::Overview);
+             }
+         });
 
     const wxBitmapBundle icon =
         wxArtProvider::GetBitmapBundle(wxART_INFORMATION, wxART_MESSAGE_BOX, FromDIP(wxSize(IconSize, IconSize)));
@@ -52,6 +66,7 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Gap)));
     LabelStandardButtons(*this);
     SetEscapeId(wxID_OK);
+    FindWindow(wxID_OK)->SetFocus(); // not the link, which comes ahead of it
     ShowHelpOnF1(*this, HelpTopic::About);
     SetSizerAndFit(rows);
     CentreOnParent();

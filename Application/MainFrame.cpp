@@ -3,13 +3,12 @@
 #include "Application/AboutDlg.h"
 #include "Application/Commands.h"
 #include "Application/ForwardedFile.h"
+#include "Application/MainMenu.h"
 
 #include <wx/menu.h>
 #include <wx/persist/toplevel.h>
 #include <wx/toolbar.h>
 #include <wx/utils.h>
-
-#include <map>
 
 namespace
 {
@@ -68,27 +67,8 @@ CQOXRMMainFrame::~CQOXRMMainFrame() = default;
 void CQOXRMMainFrame::MakeMenus()
 {
     auto* const menuBar = new wxMenuBar; // owned by the frame
-    std::map<TextId, wxMenu*> menus;
-    for (const TextId menuId : MenuTable)
-    {
-        auto* const menu = new wxMenu; // owned by the menu bar
-        menus[menuId] = menu;
-        menuBar->Append(menu, LoadText(menuId));
-    }
-    for (const Command& command : CommandTable)
-    {
-        if (!command.menu)
-        {
-            continue;
-        }
-        wxMenu* const menu = menus[*command.menu];
-        if (command.separatorBefore)
-        {
-            menu->AppendSeparator();
-        }
-        menu->Append(command.id, LoadText(command.text), LoadText(command.tip), command.kind);
-    }
-    m_fileMenu = menus[TextId::MenuFile];
+    m_mainMenu = std::make_unique<MainMenu>(*menuBar);
+    m_fileMenu = m_mainMenu->MenuOf(TextId::MenuFile);
     SetMenuBar(menuBar);
 }
 

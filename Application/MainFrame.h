@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class MainMenu;
+
 /// What the main window hands on to the application.
 class IMainFrameHost
 {
@@ -59,6 +61,7 @@ private:
     void OnAbout(wxCommandEvent& event);
 
     IMainFrameHost& m_host;
+    std::unique_ptr<MainMenu> m_mainMenu;
     wxMenu* m_fileMenu = nullptr; // owned by the menu bar
     std::unique_ptr<Platform::InstanceInbox> m_inbox;
 };
