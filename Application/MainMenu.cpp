@@ -21,8 +21,8 @@ constexpr int IconSize = 16;
 
 /// Pictures of commands without a button. The toolkit has its own for most of them, in sizes of its own.
 constexpr std::array MenuArt = {
-    std::pair{ wxID_CLOSE, wxART_CLOSE }, std::pair{ wxID_SAVEAS, wxART_FILE_SAVE_AS },
-    std::pair{ wxID_EXIT, wxART_QUIT },   std::pair{ wxID_HELP, wxART_HELP },
+    std::pair{ wxID_CLOSE, wxART_CLOSE },       std::pair{ wxID_SAVEAS, wxART_FILE_SAVE_AS },
+    std::pair{ wxID_EXIT, wxART_QUIT },         std::pair{ wxID_HELP, wxART_HELP },
     std::pair{ wxID_ABOUT, wxART_INFORMATION },
 };
 
@@ -95,8 +95,8 @@ MainMenu::MainMenu(wxMenuBar& menuBar)
             const Command& twin = ToolBarTwin(command);
             const wxBitmapBundle icon = IconOf(command.toolBarArt != nullptr ? command : twin);
             CQOXRMMenuItems& item =
-                menu.AddItem(command.kind == wxITEM_CHECK ? MenuFlag::Checkable : 0, command.id,
-                             LoadText(command.text), icon, command.id, twin.id, DisabledIconOf(icon));
+                menu.AddItem(command.kind == wxITEM_CHECK ? MenuFlag::Checkable : 0, command.id, LoadText(command.text),
+                             icon, command.id, twin.id, DisabledIconOf(icon));
             item.ShownItem()->SetHelp(LoadText(command.tip));
         }
     }

@@ -81,8 +81,8 @@ void CUIUtilities::ReplaceColor(std::span<std::uint8_t> pixels, std::uint32_t ne
     for (std::size_t place = 0; place + BytesOfPixel <= pixels.size(); place += BytesOfPixel)
     {
         const std::span<std::uint8_t> pixel = pixels.subspan(place, BytesOfPixel);
-        const std::uint32_t colour = pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8U |
-                                     static_cast<std::uint32_t>(pixel[2]) << 16U;
+        const std::uint32_t colour =
+            pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8U | static_cast<std::uint32_t>(pixel[2]) << 16U;
         if (colour == oldColour)
         {
             pixel[0] = static_cast<std::uint8_t>(newColour & Byte);

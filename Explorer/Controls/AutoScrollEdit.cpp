@@ -1,6 +1,7 @@
 #include "Explorer/Controls/AutoScrollEdit.h"
 
 #include "Platform/ScrollBars.h"
+#include "Utilities/ScreenReader.h"
 
 wxDEFINE_EVENT(EVT_CHECK_SCROLL_BARS, wxThreadEvent);
 
@@ -8,6 +9,7 @@ CQOXRMAutoScrollEdit::CQOXRMAutoScrollEdit(wxWindow* parent, wxWindowID id, cons
                                            const wxSize& size)
     : wxTextCtrl(parent, id, text, wxDefaultPosition, size, wxTE_MULTILINE | wxTE_DONTWRAP, wxDefaultValidator, name)
 {
+    NameForScreenReaders(*this, name);
     Bind(EVT_CHECK_SCROLL_BARS, [this](wxThreadEvent&) { CheckScrollBars(); });
     // Whatever has changed the text: a character, a paste, the program.
     Bind(wxEVT_TEXT,

@@ -1,6 +1,7 @@
 #include "Explorer/Controls/HyperLink.h"
 
 #include "Platform/Process.h"
+#include "Utilities/ScreenReader.h"
 
 #include <wx/cursor.h>
 #include <wx/dcclient.h>
@@ -111,7 +112,8 @@ void CHyperLink::AdaptColoursToWindow()
 void CHyperLink::SetLabel(const wxString& label)
 {
     wxControl::SetLabel(label);
-    SetName(GetLabelText()); // what a screen reader says
+    SetName(GetLabelText());
+    NameForScreenReaders(*this, GetName());
     InvalidateBestSize();
     ShowState();
 }

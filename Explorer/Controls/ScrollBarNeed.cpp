@@ -29,8 +29,8 @@ ScrollBarNeed ScrollBarsFor(const std::wstring& text, int lineHeight, int client
 {
     const std::vector<std::wstring> lines = LinesOf(text);
     ScrollBarNeed need;
-    need.horizontal = std::any_of(lines.begin(), lines.end(),
-                                  [&](const std::wstring& line) { return widthOf(line) >= clientWidth; });
+    need.horizontal =
+        std::any_of(lines.begin(), lines.end(), [&](const std::wstring& line) { return widthOf(line) >= clientWidth; });
     // A text of very many lines is higher than an int has room for.
     need.vertical = static_cast<long long>(lineHeight) * static_cast<long long>(lines.size()) >= clientHeight;
     return need;

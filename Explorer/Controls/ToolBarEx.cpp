@@ -1,5 +1,7 @@
 #include "Explorer/Controls/ToolBarEx.h"
 
+#include "Utilities/ScreenReader.h"
+
 #include <wx/minifram.h>
 #include <wx/utils.h>
 
@@ -7,6 +9,7 @@ CQOXToolBarEx::CQOXToolBarEx(wxWindow* parent, wxWindowID id, const wxString& na
     : wxAuiToolBar(parent, id, wxDefaultPosition, wxDefaultSize, style), m_home(parent)
 {
     SetName(name);
+    NameForScreenReaders(*this, name);
     Bind(wxEVT_SIZE,
          [this](wxSizeEvent& event)
          {

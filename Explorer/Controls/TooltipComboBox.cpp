@@ -1,14 +1,17 @@
 #include "Explorer/Controls/TooltipComboBox.h"
 
 #include "Explorer/Controls/TooltipListCtrl.h"
+#include "Utilities/ScreenReader.h"
 
 #include <utility>
 
 CQOXRMTooltipComboBox::CQOXRMTooltipComboBox(wxWindow* parent, wxWindowID id, const wxString& name, const wxSize& size)
-    : wxComboCtrl(parent, id, wxString(), wxDefaultPosition, size, wxCB_READONLY | wxWANTS_CHARS, wxDefaultValidator, name),
+    : wxComboCtrl(parent, id, wxString(), wxDefaultPosition, size, wxCB_READONLY | wxWANTS_CHARS, wxDefaultValidator,
+                  name),
       m_list(new CQOXRMTooltipListCtrl(*this)) // owned by the base class, from the next line on
 {
     SetPopupControl(m_list);
+    ShowCurrent();
 }
 
 CQOXRMTooltipComboBox::~CQOXRMTooltipComboBox()
@@ -58,7 +61,9 @@ void CQOXRMTooltipComboBox::ChooseByUser(int index)
 
 void CQOXRMTooltipComboBox::ShowCurrent()
 {
-    SetText(GetLBText(GetCurSel()));
+    const std::wstring text = GetLBText(GetCurSel());
+    SetText(text);
+    NameForScreenReaders(*this, GetName() + " " + text); // the toolkit draws the text and tells nobody
     const std::wstring tip = TipText(GetCurSel());
     if (tip.empty())
     {

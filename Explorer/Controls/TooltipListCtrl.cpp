@@ -1,6 +1,7 @@
 #include "Explorer/Controls/TooltipListCtrl.h"
 
 #include "Explorer/Controls/TooltipComboBox.h"
+#include "Utilities/ScreenReader.h"
 
 #include <wx/settings.h>
 #include <wx/utils.h>
@@ -17,6 +18,7 @@ bool CQOXRMTooltipListCtrl::Create(wxWindow* parent)
         return false;
     }
     SetName(m_combo->GetName());
+    NameForScreenReaders(*this, GetName());
     AppendColumn(wxString());
     Bind(wxEVT_KEY_DOWN, &CQOXRMTooltipListCtrl::OnKeyDown, this);
     Bind(wxEVT_MOTION, &CQOXRMTooltipListCtrl::OnMotion, this);
@@ -75,8 +77,8 @@ wxSize CQOXRMTooltipListCtrl::GetAdjustedSize(int minWidth, int preferredHeight,
     wxRect row;
     const int rowHeight = GetItemCount() > 0 && GetItemRect(0, row) ? row.GetHeight() : GetCharHeight();
     const int room = preferredHeight > 0 ? std::min(preferredHeight, maximumHeight) : maximumHeight;
-    const DropDownSize size =
-        SizeOfDropDown(m_combo->GetCount(), rowHeight, room, minWidth, wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this));
+    const DropDownSize size = SizeOfDropDown(m_combo->GetCount(), rowHeight, room, minWidth,
+                                             wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this));
     const int borders = GetSize().GetWidth() - GetClientSize().GetWidth();
     SetColumnWidth(0, std::max(size.columnWidth - borders, 0));
     return { minWidth, size.height };

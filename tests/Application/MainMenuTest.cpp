@@ -152,8 +152,7 @@ TEST_P(MainMenuTest, NoLetterChoosesTwoItemsOfAMenuAndEachItemHasOne)
         << "the menu of a right click";
     EXPECT_EQ(ClashesOf({ LoadText(TextId::ToolkitWindowNext), LoadText(TextId::ToolkitWindowPrevious),
                           LoadText(TextId::ToolkitWindowCascade), LoadText(TextId::ToolkitWindowTileHorizontally),
-                          LoadText(TextId::ToolkitWindowTileVertically),
-                          LoadText(TextId::ToolkitWindowArrangeIcons) }),
+                          LoadText(TextId::ToolkitWindowTileVertically), LoadText(TextId::ToolkitWindowArrangeIcons) }),
               Texts{})
         << "the toolkit's menu of windows";
 }

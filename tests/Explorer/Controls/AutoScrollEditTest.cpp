@@ -51,7 +51,8 @@ TEST_F(AutoScrollEditTest, AnEmptyFieldHasNoBars)
 
 TEST_F(AutoScrollEditTest, TypingALongLineBringsTheHorizontalBarAndDeletingTakesItAway)
 {
-    edit->ChangeValue(wxString('m', static_cast<size_t>(edit->GetClientSize().GetWidth() / edit->GetTextExtent("m").x)));
+    edit->ChangeValue(
+        wxString('m', static_cast<size_t>(edit->GetClientSize().GetWidth() / edit->GetTextExtent("m").x)));
     edit->SetInsertionPointEnd();
     Type('m');
     EXPECT_TRUE(Becomes(true, false));

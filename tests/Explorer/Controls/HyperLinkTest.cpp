@@ -66,7 +66,8 @@ protected:
         {
             for (int x = 0; x < size.GetWidth(); ++x)
             {
-                count += MakeLinkColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)) == colour ? 1 : 0;
+                count +=
+                    MakeLinkColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)) == colour ? 1 : 0;
             }
         }
         return count;

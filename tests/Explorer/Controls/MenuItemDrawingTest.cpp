@@ -139,8 +139,8 @@ TEST_F(MenuItemDrawingTest, NothingIsDrawnOutsideTheItem)
 {
     for (const bool isSelected : { false, true })
     {
-        CQOXRMMenuItems item(L"&Save a text that is far too long for such a narrow item\tCtrl+Alt+Shift+S", Picture(Red),
-                             {}, Cream);
+        CQOXRMMenuItems item(L"&Save a text that is far too long for such a narrow item\tCtrl+Alt+Shift+S",
+                             Picture(Red), {}, Cream);
         item.SetCheckFlag(true);
         Draw(item, Whole, isSelected);
         EXPECT_EQ(CountOf({ wxPoint(0, 0), PictureSize }, Untouched),
@@ -246,10 +246,9 @@ TEST_F(MenuItemDrawingTest, APressedItemIsHalftoneInsideASunkenEdgeAndAFrame)
     EXPECT_EQ(At(text.GetLeft() + 5, text.GetTop()), dark);
     EXPECT_EQ(At(text.GetRight(), text.GetTop() + 5), light);
     EXPECT_EQ(At(text.GetLeft() + 5, text.GetBottom()), light);
-    for (const wxPoint place : { wxPoint{ text.GetLeft() + 1, text.GetTop() + 5 },
-                                 wxPoint{ text.GetLeft() + 5, text.GetTop() + 1 },
-                                 wxPoint{ text.GetRight() - 1, text.GetTop() + 5 },
-                                 wxPoint{ text.GetLeft() + 5, text.GetBottom() - 1 } })
+    for (const wxPoint place :
+         { wxPoint{ text.GetLeft() + 1, text.GetTop() + 5 }, wxPoint{ text.GetLeft() + 5, text.GetTop() + 1 },
+           wxPoint{ text.GetRight() - 1, text.GetTop() + 5 }, wxPoint{ text.GetLeft() + 5, text.GetBottom() - 1 } })
     {
         EXPECT_EQ(At(place.x, place.y), face);
     }
@@ -345,9 +344,9 @@ TEST_F(MenuItemDrawingTest, TheKeyColumnIs60WideAndALongerKeyTextIsClipped)
     EXPECT_GE(first, ItemRect.GetRight() + 1 - 56);
     EXPECT_LE(first, ItemRect.GetRight() + 1 - 53);
     EXPECT_EQ(last, ItemRect.GetRight()) << "up to the end of the item, and not beyond";
-    EXPECT_EQ(Count({ wxPoint(0, 0), PictureSize },
-                    [](MenuColour colour) { return colour != Untouched && colour != Cream; }),
-              Count(keyColumn, [](MenuColour colour) { return colour != Cream; }));
+    EXPECT_EQ(
+        Count({ wxPoint(0, 0), PictureSize }, [](MenuColour colour) { return colour != Untouched && colour != Cream; }),
+        Count(keyColumn, [](MenuColour colour) { return colour != Cream; }));
 }
 
 TEST_F(MenuItemDrawingTest, TheStateOfAShownItemIsThatOfItsMenu)
