@@ -178,7 +178,7 @@ private:
     const PrintLine& m_print;
 
     std::set<std::wstring> m_told;
-    std::wstring m_step;
+    std::wstring m_step = L"starting the check";
     std::wstring m_counts;
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;

@@ -51,7 +51,7 @@ TEST(ChildProcess, CrashIsToldWithItsReasonAndWhatWasToldBefore)
 
 TEST(ChildProcess, OneThatTellsNothingMoreIsEnded)
 {
-    const Told told = RunProgram({ L"hang", L"before" }, 300ms);
+    const Told told = RunProgram({ L"hang", L"before" }, 3s);
     EXPECT_EQ(told.result.end, ChildEnd::TimedOut);
     EXPECT_EQ(told.lines, std::vector<std::string>{ "before" });
 }
