@@ -10,6 +10,7 @@
 namespace
 {
 
+/// The toolkit has no style for folders: every dialog tells of one that doesn't exist, and stays.
 long ToolkitStyle(int opens, const FileDialogRules& rules)
 {
     long style = opens != 0 ? wxFD_OPEN : wxFD_SAVE;
