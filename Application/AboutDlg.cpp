@@ -1,12 +1,12 @@
 #include "Application/AboutDlg.h"
 
+#include "Application/CommandIcons.h"
 #include "Explorer/Controls/HyperLink.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
 
-#include <wx/artprov.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -54,10 +54,9 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
              }
          });
 
-    const wxBitmapBundle icon =
-        wxArtProvider::GetBitmapBundle(wxART_INFORMATION, wxART_MESSAGE_BOX, FromDIP(wxSize(IconSize, IconSize)));
     auto* const columns = new wxBoxSizer(wxHORIZONTAL);
-    columns->Add(new wxStaticBitmap(this, wxID_ANY, icon), wxSizerFlags().Border(wxRIGHT, FromDIP(Margin)));
+    columns->Add(new wxStaticBitmap(this, wxID_ANY, ProgramPicture(IconSize)),
+                 wxSizerFlags().Border(wxRIGHT, FromDIP(Margin)));
     columns->Add(lines, wxSizerFlags(1));
 
     auto* const rows = new wxBoxSizer(wxVERTICAL);

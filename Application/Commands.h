@@ -2,21 +2,22 @@
 
 #include "Utilities/Texts.h"
 
-#include <wx/artprov.h>
 #include <wx/defs.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
-/// One command of the main window: where it stands and what it is called. Menus, tool bar
-/// and tips are made from the table.
+/// One command of the main window: where it stands and what it is called. Menus, bars and the
+/// help of the status bar are made from the table; which command stands on which bar, and which
+/// has a tip there, is in CommandBars.h.
 struct Command
 {
     int id;
-    std::optional<TextId> menu; ///< Nothing for a command that stands in the tool bar alone.
+    std::optional<TextId> menu; ///< Nothing for a command that stands on bars alone.
     TextId text;
-    TextId tip;
-    const char* toolBarArt; ///< Null for a command without a button.
+    TextId tip;       ///< Shown by the status bar while the item is pointed at.
+    const char* icon; ///< Name of a picture in Application/Icons.
     wxItemKind kind;
     bool separatorBefore;
 };
@@ -45,26 +46,35 @@ inline constexpr std::array MenuTable = { TextId::MenuFile, TextId::MenuEdit, Te
                                           TextId::MenuHelp };
 
 inline constexpr std::array CommandTable = {
-    Command{ wxID_NEW, TextId::MenuFile, TextId::CommandNew, TextId::TipNew, wxART_NEW, wxITEM_NORMAL, false },
-    Command{ wxID_OPEN, TextId::MenuFile, TextId::CommandOpen, TextId::TipOpen, wxART_FILE_OPEN, wxITEM_NORMAL, false },
-    Command{ wxID_CLOSE, TextId::MenuFile, TextId::CommandClose, TextId::TipClose, nullptr, wxITEM_NORMAL, false },
-    Command{ wxID_SAVE, TextId::MenuFile, TextId::CommandSave, TextId::TipSave, wxART_FILE_SAVE, wxITEM_NORMAL, true },
-    Command{ wxID_SAVEAS, TextId::MenuFile, TextId::CommandSaveAs, TextId::TipSaveAs, nullptr, wxITEM_NORMAL, false },
-    Command{ CommandSetPassword, TextId::MenuFile, TextId::CommandSetPassword, TextId::TipSetPassword, nullptr,
+    Command{ wxID_NEW, TextId::MenuFile, TextId::CommandNew, TextId::TipNew, "new", wxITEM_NORMAL, false },
+    Command{ wxID_OPEN, TextId::MenuFile, TextId::CommandOpen, TextId::TipOpen, "open", wxITEM_NORMAL, false },
+    Command{ wxID_CLOSE, TextId::MenuFile, TextId::CommandClose, TextId::TipClose, "close", wxITEM_NORMAL, false },
+    Command{ wxID_SAVE, TextId::MenuFile, TextId::CommandSave, TextId::TipSave, "save", wxITEM_NORMAL, true },
+    Command{ wxID_SAVEAS, TextId::MenuFile, TextId::CommandSaveAs, TextId::TipSaveAs, "save-as", wxITEM_NORMAL, false },
+    Command{ CommandSetPassword, TextId::MenuFile, TextId::CommandSetPassword, TextId::TipSetPassword, "password",
              wxITEM_NORMAL, false },
-    Command{ CommandUnitSettings, TextId::MenuFile, TextId::CommandUnitSettings, TextId::TipUnitSettings, nullptr,
+    Command{ CommandUnitSettings, TextId::MenuFile, TextId::CommandUnitSettings, TextId::TipUnitSettings, "units",
              wxITEM_NORMAL, false },
-    Command{ wxID_EXIT, TextId::MenuFile, TextId::CommandExit, TextId::TipExit, nullptr, wxITEM_NORMAL, true },
-    Command{ CommandEditRule, TextId::MenuEdit, TextId::CommandEditRule, TextId::TipEditRule, nullptr, wxITEM_NORMAL,
-             false },
-    Command{ CommandEditRuleButton, {}, TextId::CommandEditRule, TextId::TipEditRule, wxART_EDIT, wxITEM_NORMAL, true },
-    Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, nullptr, wxITEM_CHECK, false },
+    Command{ wxID_EXIT, TextId::MenuFile, TextId::CommandExit, TextId::TipExit, "exit", wxITEM_NORMAL, true },
+    Command{ CommandEditRule, TextId::MenuEdit, TextId::CommandEditRule, TextId::TipEditRule, "edit-rule",
+             wxITEM_NORMAL, false },
+    Command{
+        CommandEditRuleButton, {}, TextId::CommandEditRule, TextId::TipEditRule, "edit-rule", wxITEM_NORMAL, false },
+    Command{ CommandToggleLog, TextId::MenuView, TextId::CommandLog, TextId::TipLog, "log", wxITEM_CHECK, false },
     Command{ CommandRuleModules, TextId::MenuModules, TextId::CommandRuleModules, TextId::TipRuleModules,
-             wxART_LIST_VIEW, wxITEM_NORMAL, false },
+             "rule-modules", wxITEM_NORMAL, false },
     Command{ CommandDatabaseModules, TextId::MenuModules, TextId::CommandDatabaseModules, TextId::TipDatabaseModules,
-             wxART_HARDDISK, wxITEM_NORMAL, false },
+             "database-modules", wxITEM_NORMAL, false },
     Command{ CommandScriptLocation, TextId::MenuModules, TextId::CommandScriptLocation, TextId::TipScriptLocation,
-             nullptr, wxITEM_NORMAL, true },
-    Command{ wxID_HELP, TextId::MenuHelp, TextId::CommandHelp, TextId::TipHelp, nullptr, wxITEM_NORMAL, false },
-    Command{ wxID_ABOUT, TextId::MenuHelp, TextId::CommandAbout, TextId::TipAbout, nullptr, wxITEM_NORMAL, false },
+             "script-location", wxITEM_NORMAL, true },
+    Command{ wxID_HELP, TextId::MenuHelp, TextId::CommandHelp, TextId::TipHelp, "help", wxITEM_NORMAL, false },
+    Command{ wxID_ABOUT, TextId::MenuHelp, TextId::CommandAbout, TextId::TipAbout, "about", wxITEM_NORMAL, false },
 };
+
+/// The row of a command; null for a number that has none, which stands in no menu and on no bar.
+constexpr const Command* FindCommand(int id)
+{
+    const auto* const row = std::find_if(CommandTable.begin(), CommandTable.end(),
+                                         [id](const Command& command) { return command.id == id; });
+    return row == CommandTable.end() ? nullptr : row;
+}

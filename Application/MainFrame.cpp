@@ -1,7 +1,8 @@
 #include "Application/MainFrame.h"
 
 #include "Application/AboutDlg.h"
-#include "Application/Commands.h"
+#include "Application/CommandBars.h"
+#include "Application/CommandIcons.h"
 #include "Application/ForwardedFile.h"
 #include "Application/MainMenu.h"
 
@@ -54,6 +55,7 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(false); }, CommandSetPassword);
 
+    SetIcons(ProgramIcons());
     SetName("MainFrame");
     if (!wxPersistenceManager::Get().RegisterAndRestore(this))
     {
@@ -75,18 +77,11 @@ void CQOXRMMainFrame::MakeMenus()
 void CQOXRMMainFrame::MakeToolBar()
 {
     wxToolBar* const toolBar = CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL);
-    for (const Command& command : CommandTable)
+    for (const int id : QuickBarCommands)
     {
-        if (command.toolBarArt != nullptr)
-        {
-            if (!command.menu && command.separatorBefore)
-            {
-                toolBar->AddSeparator();
-            }
-            toolBar->AddTool(command.id, wxStripMenuCodes(LoadText(command.text), wxStrip_Menu),
-                             wxArtProvider::GetBitmapBundle(wxASCII_STR(command.toolBarArt), wxART_TOOLBAR),
-                             LoadText(command.tip));
-        }
+        const Command& command = *FindCommand(id);
+        toolBar->AddTool(id, wxStripMenuCodes(LoadText(command.text), wxStrip_Menu), CommandIcon(id),
+                         LoadText(command.tip));
     }
     toolBar->Realize();
 }
