@@ -15,4 +15,13 @@ CQOXRMChildFrame::CQOXRMChildFrame(wxDocument* document, wxView* view, wxMDIPare
                  currentFile.OnActivated(GetTitle().ToStdWstring());
              }
          });
+    // The toolkit doesn't tell the first window of several that it is the active one.
+    CallAfter(
+        [this, &currentFile]
+        {
+            if (GetMDIParent()->GetActiveChild() == this)
+            {
+                currentFile.OnActivated(GetTitle().ToStdWstring());
+            }
+        });
 }

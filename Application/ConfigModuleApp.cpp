@@ -288,6 +288,13 @@ void CQOXRMConfigModuleApp::ToggleLog()
     bLogEnabled = true;
 }
 
+OpenFiles CQOXRMConfigModuleApp::Files() const
+{
+    auto* const active = dynamic_cast<CQOXRMConfigModuleDoc*>(m_documents->GetCurrentDocument());
+    return { static_cast<int>(m_documents->GetDocumentsVector().size()),
+             active != nullptr && active->Rules().IsReadOnly() };
+}
+
 void CQOXRMConfigModuleApp::ChangeUnits()
 {
     auto* const document = dynamic_cast<CQOXRMConfigModuleDoc*>(m_documents->GetCurrentDocument());

@@ -66,6 +66,7 @@ private:
     bool IsOneRuleSelected() const override { return nDocOpenState != 0; }
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
+    OpenFiles Files() const override;
     void ChangeUnits() override;
     void ShowRuleModules() override;
     void ShowDatabaseModules() override;

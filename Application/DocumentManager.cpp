@@ -28,6 +28,54 @@ RuleDocManager::RuleDocManager()
             event.Enable(document != nullptr && document->CanBeSaved());
         },
         wxID_SAVE);
+    Bind(wxEVT_MENU, &RuleDocManager::OnOpen, this, wxID_OPEN);
+    Bind(wxEVT_MENU, &RuleDocManager::OnPageSetup, this, wxID_PAGE_SETUP);
+    Bind(wxEVT_MENU, &RuleDocManager::OnRecentFile, this, wxID_FILE1, wxID_FILE9);
+}
+
+void RuleDocManager::OnOpen(wxCommandEvent& /*event*/)
+{
+    if (CreateDocument(wxString()) == nullptr)
+    {
+        OnOpenFileFailure();
+    }
+    TellFileOpened();
+}
+
+void RuleDocManager::OnRecentFile(wxCommandEvent& event)
+{
+    const auto entry = static_cast<std::size_t>(event.GetId() - wxID_FILE1);
+    if (entry >= GetHistoryFilesCount())
+    {
+        return;
+    }
+    const wxString path = GetHistoryFile(entry);
+    if (OpenFile(path) == nullptr)
+    {
+        RemoveRecentFile(path);
+    }
+    TellFileOpened();
+}
+
+void RuleDocManager::RemoveRecentFile(const wxString& path)
+{
+    // By its name: what was shown meanwhile may have changed the order.
+    for (std::size_t entry = 0; entry < GetHistoryFilesCount(); ++entry)
+    {
+        if (GetHistoryFile(entry) == path)
+        {
+            RemoveFileFromHistory(entry);
+            return;
+        }
+    }
+}
+
+void RuleDocManager::TellFileOpened()
+{
+    if (auto* const document = dynamic_cast<CQOXRMConfigModuleDoc*>(GetCurrentDocument()))
+    {
+        document->UpdateViews(ViewHint::FileOpened);
+    }
 }
 
 wxDocTemplate* RuleDocManager::MakeRuleTemplate()

@@ -29,6 +29,12 @@ public:
 
     /// Makes a new, empty document. Null on failure.
     wxDocument* NewFile();
+
+private:
+    void OnOpen(wxCommandEvent& event);
+    void OnRecentFile(wxCommandEvent& event);
+    void RemoveRecentFile(const wxString& path);
+    void TellFileOpened();
 };
 
 /// Makes the windows of views within the main window.

@@ -1,10 +1,12 @@
 #include "Application/MainFrame.h"
 
 #include "Application/AboutDlg.h"
-#include "Application/CommandBars.h"
 #include "Application/CommandIcons.h"
+#include "Application/Commands.h"
 #include "Application/ForwardedFile.h"
+#include "Application/FrameBars.h"
 #include "Application/MainMenu.h"
+#include "Application/TabToolbar.h"
 
 #include <wx/menu.h>
 #include <wx/persist/toplevel.h>
@@ -14,8 +16,8 @@
 namespace
 {
 
-constexpr int StartWidth = 1000;
-constexpr int StartHeight = 700;
+constexpr int StartWidth = 1150;
+constexpr int StartHeight = 720;
 
 } // namespace
 
@@ -24,12 +26,25 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
                           wxDefaultSize, wxDEFAULT_FRAME_STYLE | wxNO_FULL_REPAINT_ON_RESIZE),
       m_host(host)
 {
+    SetIcons(ProgramIcons());
+    SetName("MainFrame");
+    if (!wxPersistenceManager::Get().RegisterAndRestore(this))
+    {
+        SetSize(FromDIP(wxSize(StartWidth, StartHeight)));
+        Centre();
+    }
     MakeMenus();
-    MakeToolBar();
-    CreateStatusBar();
+    MakeStatusBar();
+    MakeBars(); // they are laid out for the size that the frame has
 
     DragAcceptFiles(true);
     Bind(wxEVT_DROP_FILES, &CQOXRMMainFrame::OnDropFiles, this);
+    BindCommands();
+    BindStates();
+}
+
+void CQOXRMMainFrame::BindCommands()
+{
     Bind(wxEVT_MENU, &CQOXRMMainFrame::OnAbout, this, wxID_ABOUT);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowHelp(HelpTopic::Overview); }, wxID_HELP);
@@ -44,8 +59,22 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowScriptLocation(); }, CommandScriptLocation);
     Bind(
-        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);
+        wxEVT_MENU, [this](wxCommandEvent&) { m_bars->ShowSecondToolBar(!m_bars->IsSecondToolBarShown()); },
+        CommandSecondToolBar);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { m_bars->GoToTab(event.GetId() - CommandShowTab); }, CommandShowTab,
+        CommandShowTabLast);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_bars->GoToNextPane([this] { FocusRules(); }); }, CommandNextPane);
+}
 
+void CQOXRMMainFrame::BindStates()
+{
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_host.IsLogEnabled()); }, CommandToggleLog);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_bars->IsSecondToolBarShown()); },
+        CommandSecondToolBar);
     for (const int command : { CommandEditRule, CommandEditRuleButton })
     {
         Bind(
@@ -54,14 +83,12 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
     // A view answers for its document; this is for when there is none.
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(false); }, CommandSetPassword);
-
-    SetIcons(ProgramIcons());
-    SetName("MainFrame");
-    if (!wxPersistenceManager::Get().RegisterAndRestore(this))
-    {
-        SetSize(FromDIP(wxSize(StartWidth, StartHeight)));
-        Centre();
-    }
+    Bind(wxEVT_IDLE,
+         [this](wxIdleEvent& event)
+         {
+             event.Skip();
+             m_statusBar->UpdatePanes(m_host.Files());
+         });
 }
 
 CQOXRMMainFrame::~CQOXRMMainFrame() = default;
@@ -74,16 +101,53 @@ void CQOXRMMainFrame::MakeMenus()
     SetMenuBar(menuBar);
 }
 
-void CQOXRMMainFrame::MakeToolBar()
+void CQOXRMMainFrame::MakeStatusBar()
 {
-    wxToolBar* const toolBar = CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL);
-    for (const int id : QuickBarCommands)
+    m_statusBar = new FrameStatusBar(this); // owned by the frame
+    SetStatusBar(m_statusBar);
+}
+
+void CQOXRMMainFrame::MakeBars()
+{
+    m_bars = std::make_unique<FrameBars>(*this);
+    for (wxWindow* const bar :
+         { static_cast<wxWindow*>(&m_bars->Strip()), static_cast<wxWindow*>(&m_bars->SecondToolBar()) })
     {
-        const Command& command = *FindCommand(id);
-        toolBar->AddTool(id, wxStripMenuCodes(LoadText(command.text), wxStrip_Menu), CommandIcon(id),
-                         LoadText(command.tip));
+        bar->Bind(wxEVT_CONTEXT_MENU,
+                  [this](wxContextMenuEvent&)
+                  {
+                      const std::unique_ptr<wxMenu> menu = MakeBarMenu();
+                      PopupMenu(menu.get());
+                  });
     }
-    toolBar->Realize();
+    m_bars->Strip().Bind(wxEVT_CHAR_HOOK,
+                         [this](wxKeyEvent& event)
+                         {
+                             if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers())
+                             {
+                                 FocusRules();
+                                 return;
+                             }
+                             event.Skip();
+                         });
+}
+
+std::unique_ptr<wxMenu> CQOXRMMainFrame::MakeBarMenu() const
+{
+    auto menu = std::make_unique<wxMenu>();
+    menu->AppendCheckItem(CommandSecondToolBar, LoadText(TextId::ShowToolbar));
+    menu->Check(CommandSecondToolBar, m_bars->IsSecondToolBarShown());
+    return menu;
+}
+
+void CQOXRMMainFrame::FocusRules()
+{
+    if (wxMDIChildFrame* const child = GetActiveChild())
+    {
+        // The first window within takes the keyboard to where the user works.
+        wxWindow* const first = child->GetChildren().empty() ? child : child->GetChildren().front();
+        first->SetFocus();
+    }
 }
 
 void CQOXRMMainFrame::ListenToOtherInstances(Platform::InstanceMark& mark)

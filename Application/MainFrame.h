@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Application/FrameStatusBar.h"
 #include "Help/HelpTopics.h"
 #include "Platform/SingleInstance.h"
 
@@ -21,6 +22,7 @@ public:
     virtual bool IsOneRuleSelected() const = 0;
     virtual bool IsLogEnabled() const = 0;
     virtual void ToggleLog() = 0;
+    virtual OpenFiles Files() const = 0;
 
     /// Lets the user choose the units of the active document; without one, does nothing.
     virtual void ChangeUnits() = 0;
@@ -34,7 +36,9 @@ public:
     virtual void ShowScriptLocation() = 0;
 };
 
-/// The main window: menus, tool bar, status bar, and the document windows within.
+class FrameBars;
+
+/// The main window: menus, bars, status bar, and the document windows within.
 class CQOXRMMainFrame : public wxDocMDIParentFrame
 {
 public:
@@ -54,14 +58,26 @@ public:
     /// The menu that lists the recent files.
     wxMenu* RecentFilesMenu() const { return m_fileMenu; }
 
+    /// The bars that dock at the sides.
+    FrameBars& Bars() { return *m_bars; }
+
+    /// What a right click on a bar offers.
+    std::unique_ptr<wxMenu> MakeBarMenu() const;
+
 private:
     void MakeMenus();
-    void MakeToolBar();
+    void MakeBars();
+    void MakeStatusBar();
+    void BindCommands();
+    void BindStates();
+    void FocusRules();
     void OnDropFiles(wxDropFilesEvent& event);
     void OnAbout(wxCommandEvent& event);
 
     IMainFrameHost& m_host;
     std::unique_ptr<MainMenu> m_mainMenu;
-    wxMenu* m_fileMenu = nullptr; // owned by the menu bar
+    wxMenu* m_fileMenu = nullptr;          // owned by the menu bar
+    FrameStatusBar* m_statusBar = nullptr; // owned by the frame
+    std::unique_ptr<FrameBars> m_bars;
     std::unique_ptr<Platform::InstanceInbox> m_inbox;
 };

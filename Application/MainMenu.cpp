@@ -1,41 +1,21 @@
 #include "Application/MainMenu.h"
 
+#include "Application/CommandIcons.h"
 #include "Application/Commands.h"
 #include "Platform/MenuIcons.h"
 
-#include <wx/artprov.h>
 #include <wx/bitmap.h>
 #include <wx/menu.h>
 #include <wx/menuitem.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <tuple>
-#include <utility>
 
 namespace
 {
 
 constexpr int IconSize = 16;
-
-/// Pictures of commands without a button. The toolkit has its own for most of them, in sizes of its own.
-constexpr std::array MenuArt = {
-    std::pair{ wxID_CLOSE, wxART_CLOSE },       std::pair{ wxID_SAVEAS, wxART_FILE_SAVE_AS },
-    std::pair{ wxID_EXIT, wxART_QUIT },         std::pair{ wxID_HELP, wxART_HELP },
-    std::pair{ wxID_ABOUT, wxART_INFORMATION },
-};
-
-wxBitmapBundle IconOf(const Command& command)
-{
-    const char* art = command.toolBarArt;
-    for (const auto& [id, ofMenu] : MenuArt)
-    {
-        art = id == command.id ? ofMenu : art;
-    }
-    return art == nullptr ? wxBitmapBundle()
-                          : wxArtProvider::GetBitmapBundle(wxASCII_STR(art), wxART_MENU, { IconSize, IconSize });
-}
 
 wxBitmapBundle DisabledIconOf(const wxBitmapBundle& icon)
 {
@@ -46,7 +26,7 @@ wxBitmapBundle DisabledIconOf(const wxBitmapBundle& icon)
     return wxBitmapBundle::FromBitmap(icon.GetBitmap({ IconSize, IconSize }).ConvertToDisabled());
 }
 
-/// The command of the tool bar that does the same and has a number of its own; else the command itself.
+/// The command of a bar that does the same and has a number of its own; else the command itself.
 const Command& ToolBarTwin(const Command& command)
 {
     const auto* const twin =
@@ -93,7 +73,7 @@ MainMenu::MainMenu(wxMenuBar& menuBar)
                 menu.AddItem(MenuFlag::Separator, wxID_SEPARATOR, {}, {}, 0, 0, {});
             }
             const Command& twin = ToolBarTwin(command);
-            const wxBitmapBundle icon = IconOf(command.toolBarArt != nullptr ? command : twin);
+            const wxBitmapBundle icon = CommandIcon(command.id);
             CQOXRMMenuItems& item =
                 menu.AddItem(command.kind == wxITEM_CHECK ? MenuFlag::Checkable : 0, command.id, LoadText(command.text),
                              icon, command.id, twin.id, DisabledIconOf(icon));

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <wx/panel.h>
+
+class CommandButtons;
+class CQOXRMTabCtrlEx;
+
+/// The command strip of the main window: four tabs, and one tool bar below them whose buttons
+/// change with the tab. The commands are those of the frame; the strip shows and routes them.
+class CQOXRMTabToolbar : public wxPanel
+{
+public:
+    /// The first tab is shown.
+    explicit CQOXRMTabToolbar(wxWindow* parent);
+
+    /// Shows a tab's buttons, in the colours of the theme, and makes it the current one.
+    void ShowTab(int tab);
+    int CurrentTab() const;
+
+    /// Buttons below one another, for a strip at the side of the window, or beside one another.
+    void SetVertical(bool vertical);
+    bool IsVertical() const;
+
+    /// The size that suits the strip in a frame whose inside has a size, with room for all tabs
+    /// and for the buttons of each.
+    wxSize WantedSize(const wxSize& frameClient) const;
+
+    /// The same for a strip in a window of its own.
+    wxSize FloatingSize() const;
+
+    /// Moves the keyboard to the first button that is enabled, or to the tabs.
+    void FocusButtons();
+
+    int ButtonWidth() const { return m_buttonWidth; }
+    CQOXRMTabCtrlEx& Tabs() { return *m_tabs; }
+    CommandButtons& Bar() { return *m_bar; }
+
+private:
+    void LoadTab(int tab);
+    void SetBackgrounds();
+    int HeightOfRows(int rows) const;
+    int WidthOfButton() const;
+    int LeastWidth() const;
+    void OnSize(wxSizeEvent& event);
+
+    int m_buttonWidth;                 // at a scale of 100 %
+    CQOXRMTabCtrlEx* m_tabs = nullptr; // these two are owned by the window system
+    CommandButtons* m_bar = nullptr;
+    bool m_filling = false; // tabs come in, which is no choice of the user's
+};

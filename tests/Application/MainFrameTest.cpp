@@ -1,0 +1,270 @@
+// The main window's own work: files from elsewhere, recent files, status bar, bars.
+
+#include "Application/CommandBars.h"
+#include "Modules/ApplicationGlobals.h"
+#include "Platform/Text.h"
+#include "tests/Application/MainFrameFixture.h"
+#include "tests/Support/TestFiles.h"
+
+#include <Vantrel/VantrelLog.h>
+
+#include <wx/toolbar.h>
+
+namespace
+{
+
+/// Notes the hints that a document gives.
+class HintView : public wxView
+{
+public:
+    explicit HintView(wxDocument& document) { SetDocument(&document); }
+    void OnDraw(wxDC* /*dc*/) override {}
+    void OnUpdate(wxView* /*sender*/, wxObject* hint) override
+    {
+        if (const auto* const ruleHint = dynamic_cast<RuleViewHint*>(hint))
+        {
+            hints.push_back(ruleHint->Hint());
+        }
+    }
+
+    std::vector<ViewHint> hints;
+};
+
+class MainFrameTest : public MainFrameFixture
+{
+protected:
+    bool Send(const std::wstring& path)
+    {
+        std::string bytes;
+        for (const char16_t unit : Platform::WideToUtf16(path) + u'\0')
+        {
+            bytes += static_cast<char>(unit & 0xFF);
+            bytes += static_cast<char>(unit >> 8);
+        }
+        return frame->OnCopyData(bytes.data(), bytes.size());
+    }
+
+    wxString Status(FrameStatusBar::Pane pane) const { return frame->GetStatusBar()->GetStatusText(pane); }
+
+    int PaneWidth(FrameStatusBar::Pane pane) const
+    {
+        wxRect place;
+        frame->GetStatusBar()->GetFieldRect(pane, place);
+        return place.GetWidth();
+    }
+
+    std::vector<wxString> RecentFiles() const
+    {
+        std::vector<wxString> files;
+        for (std::size_t entry = 0; entry < manager->GetHistoryFilesCount(); ++entry)
+        {
+            files.push_back(manager->GetHistoryFile(entry));
+        }
+        return files;
+    }
+
+    /// A rule file without rules.
+    std::wstring RuleFile(const std::wstring& name)
+    {
+        const std::wstring path = folder.File(name);
+        WriteBytes(path, "<?xml version=\"1.0\"?>\n<Lumeq Unit=\"0\" AngularUnit=\"0\"/>\n");
+        return path;
+    }
+
+    TemporaryFolder folder;
+};
+
+} // namespace
+
+TEST_F(MainFrameTest, AFileOfAnotherStartIsOpened)
+{
+    EXPECT_TRUE(Send(L"/rules/a \u00e9.vrf"));
+    EXPECT_EQ(host.opened, std::vector<std::wstring>{ L"/rules/a \u00e9.vrf" });
+}
+
+TEST_F(MainFrameTest, AFileOfAnotherStartIsRefusedWhileTheEditorOfARuleIsOpen)
+{
+    g_bEditInProgress = true;
+    EXPECT_FALSE(Send(L"/rules/a.vrf"));
+    EXPECT_TRUE(frame->OnCopyData(nullptr, 0)); // without a path there is nothing to refuse
+    g_bEditInProgress = false;
+    EXPECT_TRUE(host.opened.empty());
+}
+
+TEST_F(MainFrameTest, FilesThatAreDroppedAreOpenedWhateverTheyAreCalled)
+{
+    auto* const files = new wxString[2]{ "/rules/a.vrf", "/rules/b.QoxRule" }; // owned by the event
+    wxDropFilesEvent event(wxEVT_DROP_FILES, 2, files);
+    event.SetEventObject(frame);
+    frame->ProcessWindowEvent(event);
+    EXPECT_EQ(host.opened, (std::vector<std::wstring>{ L"/rules/a.vrf", L"/rules/b.QoxRule" }));
+}
+
+TEST_F(MainFrameTest, OpeningAFileTellsTheViewsOfTheActiveDocumentEvenIfNoneWasChosen)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    HintView view(document);
+    ChooseItem(wxID_OPEN);
+    EXPECT_EQ(application.prompt.fileQuestions.size(), 1U);
+    EXPECT_EQ(view.hints, std::vector{ ViewHint::FileOpened });
+    view.SetDocument(nullptr);
+    document.RemoveView(&view);
+}
+
+TEST_F(MainFrameTest, ARecentFileIsOpenedAndItsViewsAreTold)
+{
+    const std::wstring path = RuleFile(L"a.vrf");
+    manager->AddFileToHistory(path);
+    ChooseItem(wxID_FILE1);
+    auto* const document = dynamic_cast<CQOXRMConfigModuleDoc*>(manager->GetCurrentDocument());
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(document->GetFilename(), path);
+    EXPECT_EQ(RecentFiles(), std::vector<wxString>{ path });
+
+    HintView view(*document);
+    ChooseItem(wxID_FILE1); // open already: brought forward
+    EXPECT_EQ(manager->GetDocumentsVector().size(), 1U);
+    EXPECT_EQ(view.hints, std::vector{ ViewHint::FileOpened });
+    view.SetDocument(nullptr);
+    document->RemoveView(&view);
+}
+
+TEST_F(MainFrameTest, ARecentFileThatCanNotBeOpenedLeavesTheListAndTheViewsAreToldAllTheSame)
+{
+    CQOXRMConfigModuleDoc& document = New();
+    HintView view(document);
+    manager->AddFileToHistory(RuleFile(L"kept.vrf"));
+    const std::vector<wxString> kept = RecentFiles();
+    manager->AddFileToHistory(folder.File(L"gone.vrf"));
+    ASSERT_EQ(RecentFiles().size(), kept.size() + 1);
+    ChooseItem(wxID_FILE1);
+    EXPECT_EQ(RecentFiles(), kept);
+    EXPECT_FALSE(application.prompt.texts.empty());
+    EXPECT_EQ(manager->GetDocumentsVector().size(), 1U);
+    EXPECT_EQ(view.hints, std::vector{ ViewHint::FileOpened });
+    view.SetDocument(nullptr);
+    document.RemoveView(&view);
+}
+
+TEST_F(MainFrameTest, APackageIsReadAsARuleFileAndNotOpened)
+{
+    const std::wstring path = folder.File(L"rules.QoxRule");
+    WriteBytes(path, "PK\x03\x04 no rule file");
+    EXPECT_EQ(manager->OpenFile(path), nullptr);
+    EXPECT_FALSE(application.prompt.texts.empty());
+    EXPECT_TRUE(manager->GetDocumentsVector().empty());
+}
+
+TEST_F(MainFrameTest, TheLogNamesTheFileOfEachWindowThatTheUserTurnsTo)
+{
+    const std::wstring log = folder.File(L"log");
+    CVantrelLog::OpenLogFile(log.c_str());
+    const CQOXRMConfigModuleDoc& first = New();
+    const CQOXRMConfigModuleDoc& second = New();
+    const auto count = [&](const CQOXRMConfigModuleDoc& document)
+    {
+        const std::string line =
+            "Current Rule File is " + Platform::WideToUtf8(document.GetTitle().ToStdWstring()) + "\n";
+        const std::string text = ReadBytes(log);
+        std::size_t found = 0;
+        for (std::size_t at = text.find(line); at != std::string::npos; at = text.find(line, at + 1))
+        {
+            ++found;
+        }
+        return found;
+    };
+    EXPECT_TRUE(WaitFor([&] { return count(first) == 1 && count(second) == 1; })) << ReadBytes(log);
+    first.GetFirstView()->GetFrame()->Raise();
+    dynamic_cast<wxMDIChildFrame&>(*first.GetFirstView()->GetFrame()).Activate();
+    EXPECT_TRUE(WaitFor([&] { return count(first) == 2; })) << ReadBytes(log);
+    EXPECT_EQ(count(second), 1U);
+    CVantrelLog::CloseLogFile();
+}
+
+TEST_F(MainFrameTest, TheStatusBarHasTheCountOfTheRulesAndOfTheFiles)
+{
+    New();
+    EXPECT_EQ(Status(FrameStatusBar::MessagePane), FormatText(TextId::RuleCount, { L"0", L"4" }));
+    host.files.count = 1;
+    EXPECT_TRUE(
+        WaitFor([&] { return Status(FrameStatusBar::OpenFilesPane) == FormatText(TextId::OpenFileCount, { L"1" }); }));
+    const int width = PaneWidth(FrameStatusBar::OpenFilesPane);
+    host.files.count = 1000000;
+    EXPECT_TRUE(WaitFor([&] { return PaneWidth(FrameStatusBar::OpenFilesPane) > width; }));
+    host.files.count = 1;
+    EXPECT_TRUE(WaitFor([&] { return PaneWidth(FrameStatusBar::OpenFilesPane) == width; }));
+}
+
+TEST_F(MainFrameTest, APaneIsAsWideAsItsTextAndAMargin)
+{
+    for (const int count : { 1, 22222 })
+    {
+        host.files.count = count;
+        const wxString text = FormatText(TextId::OpenFileCount, { std::to_wstring(count) });
+        ASSERT_TRUE(WaitFor([&] { return Status(FrameStatusBar::OpenFilesPane) == text; }));
+        EXPECT_GT(PaneWidth(FrameStatusBar::OpenFilesPane), frame->GetStatusBar()->GetTextExtent(text).GetWidth());
+    }
+}
+
+TEST_F(MainFrameTest, AnIndicatorTellsOfAReadOnlyFile)
+{
+    EXPECT_EQ(Status(FrameStatusBar::ReadOnlyPane), "");
+    host.files.activeReadOnly = true;
+    EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane) == LoadText(TextId::IndicatorReadOnly); }));
+    host.files.activeReadOnly = false;
+    EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane).empty(); }));
+}
+
+TEST_F(MainFrameTest, TheIndicatorsFollowTheLockKeys)
+{
+    struct Lock
+    {
+        wxKeyCode key;
+        FrameStatusBar::Pane pane;
+        TextId text;
+    };
+    for (const Lock& lock : { Lock{ WXK_CAPITAL, FrameStatusBar::CapsLockPane, TextId::IndicatorCapsLock },
+                              Lock{ WXK_NUMLOCK, FrameStatusBar::NumLockPane, TextId::IndicatorNumLock } })
+    {
+        EXPECT_EQ(Status(lock.pane), "");
+        user.Char(lock.key);
+        EXPECT_TRUE(WaitFor([&] { return Status(lock.pane) == LoadText(lock.text); })) << lock.key;
+        user.Char(lock.key);
+        EXPECT_TRUE(WaitFor([&] { return Status(lock.pane).empty(); })) << lock.key;
+    }
+    EXPECT_EQ(Status(FrameStatusBar::ScrollLockPane), ""); // a virtual screen has no such key
+}
+
+TEST_F(MainFrameTest, TheMenuOfABarHasOneEntryThatShowsTheQuickToolBar)
+{
+    const std::unique_ptr<wxMenu> menu = frame->MakeBarMenu();
+    ASSERT_EQ(menu->GetMenuItemCount(), 1U);
+    const wxMenuItem& entry = *menu->GetMenuItems().front();
+    EXPECT_EQ(entry.GetId(), CommandSecondToolBar);
+    EXPECT_EQ(entry.GetItemLabel(), LoadText(TextId::ShowToolbar));
+    EXPECT_TRUE(entry.IsChecked());
+    frame->Bars().ShowSecondToolBar(false);
+    EXPECT_FALSE(frame->MakeBarMenu()->IsChecked(CommandSecondToolBar));
+}
+
+TEST_F(MainFrameTest, TheQuickToolBarHasTheCommandsWithTipsInTheirOrder)
+{
+    wxToolBar& bar = frame->Bars().SecondToolBar();
+    std::vector<int> expected;
+    for (const int id : QuickBarCommands)
+    {
+        if (FindCommand(id) != nullptr)
+        {
+            expected.push_back(id);
+        }
+    }
+    ASSERT_EQ(bar.GetToolsCount(), expected.size());
+    for (std::size_t place = 0; place < expected.size(); ++place)
+    {
+        const wxToolBarToolBase& tool = *bar.GetToolByPos(static_cast<int>(place));
+        EXPECT_EQ(tool.GetId(), expected[place]);
+        EXPECT_EQ(tool.GetShortHelp(), ToolTipOf(expected[place]));
+        EXPECT_FALSE(tool.GetLabel().empty()); // for programs that read the screen
+        EXPECT_TRUE(tool.GetNormalBitmapBundle().IsOk());
+    }
+}
