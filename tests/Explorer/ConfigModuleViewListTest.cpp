@@ -15,7 +15,7 @@ TEST_F(ConfigModuleViewTest, AColumnThatTheUserSizedStaysSoInThisListAndTheNext)
     const wxSize size = form.GetSize();
     const int listWidth = ListWidth();
     form.SetSize(size + wxSize(300, 0));
-    EXPECT_NEAR(list->GetColumnWidth(0), width * ListWidth() / listWidth, 1) << "in proportion";
+    EXPECT_NEAR(list->GetColumnWidth(0), 1.0 * width * ListWidth() / listWidth, 1) << "in proportion";
     form.SetSize(size);
     EXPECT_EQ(list->GetColumnWidth(0), width);
     const int category = list->GetColumnWidth(1);
