@@ -35,6 +35,8 @@ bool EmptyView::OnCreate(wxDocument* document, long /*flags*/)
     return true;
 }
 
+} // namespace
+
 /// What the toolkit takes to start and show a main window with one empty document in it.
 class BareProgram : public wxApp
 {
@@ -70,7 +72,5 @@ public:
 private:
     std::unique_ptr<wxDocManager> m_documents;
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(BareProgram);
