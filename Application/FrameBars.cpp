@@ -152,7 +152,12 @@ void FrameBars::FitToDocks()
     wxAuiPaneInfo& strip = PaneOf(*m_strip);
     const bool stripAtSide = IsSide(strip);
     m_strip->SetVertical(stripAtSide || strip.IsFloating());
-    const wxSize wanted = m_strip->WantedSize(m_frame.GetClientSize());
+    wxSize room = m_frame.GetClientSize();
+    if (m_strip->GetSize().GetWidth() >= m_strip->FloatingSize().GetWidth())
+    {
+        room.SetWidth(m_strip->GetSize().GetWidth()); // else it has no place yet
+    }
+    const wxSize wanted = m_strip->WantedSize(room);
     // Only one side of the strip is its own; the other is that of the frame.
     const wxSize least = stripAtSide ? wxSize(wanted.GetWidth(), 0) : wxSize(0, wanted.GetHeight());
     if (strip.IsDocked() && strip.min_size != least)

@@ -133,8 +133,7 @@ void CQOXRMTabToolbar::LoadTab(int tab)
     if (m_bar->GetContainingSizer() == nullptr)
     {
         auto* const sizer = new wxBoxSizer(wxVERTICAL); // owned by the page
-        // As much as the tab control is larger than the strip.
-        sizer->Add(m_bar, wxSizerFlags(1).Expand().Border(wxRIGHT | wxBOTTOM, FromDIP(TabControlRect({}).width)));
+        sizer->Add(m_bar, wxSizerFlags(1).Expand().Border(wxRIGHT | wxBOTTOM, Margin()));
         page->SetSizer(sizer);
     }
     m_bar->Load(CommandTabs[static_cast<std::size_t>(tab)].commands);
@@ -156,14 +155,19 @@ bool CQOXRMTabToolbar::IsVertical() const
 int CQOXRMTabToolbar::HeightOfRows(int rows) const
 {
     const int button = std::max(FromDIP(ButtonSizeOfLayout(m_buttonWidth).height), m_bar->ButtonHeight());
-    return FromDIP(TabControlRect({}).y) + m_tabs->CalcSizeFromPage({ 0, 0 }).GetHeight() + rows * button;
+    return FromDIP(TabControlRect({}).y) + Margin() + m_tabs->CalcSizeFromPage({ 0, 0 }).GetHeight() + rows * button;
+}
+
+int CQOXRMTabToolbar::Margin() const
+{
+    return FromDIP(TabControlRect({}).width); // as much as the tab control is larger than the strip
 }
 
 int CQOXRMTabToolbar::LeastWidth() const
 {
     const int wanted = FromDIP(WantedStripSize(m_buttonWidth, 0).width);
     const int tabs = FromDIP(static_cast<int>(CommandTabs.size()) * TabSpace);
-    return std::max({ wanted, WidthOfButton(), tabs });
+    return std::max({ wanted, WidthOfButton() + PageFrame(), tabs });
 }
 
 int CQOXRMTabToolbar::WidthOfButton() const
@@ -171,14 +175,20 @@ int CQOXRMTabToolbar::WidthOfButton() const
     return std::max(FromDIP(ButtonSizeOfLayout(m_buttonWidth).width), m_bar->ButtonWidth());
 }
 
-wxSize CQOXRMTabToolbar::WantedSize(const wxSize& frameClient) const
+int CQOXRMTabToolbar::PageFrame() const
+{
+    return m_tabs->CalcSizeFromPage({ 0, 0 }).GetWidth() + Margin();
+}
+
+wxSize CQOXRMTabToolbar::WantedSize(const wxSize& room) const
 {
     if (IsVertical())
     {
-        return { LeastWidth(), WantedStripSize(m_buttonWidth, frameClient.GetHeight()).height };
+        return { LeastWidth(), WantedStripSize(m_buttonWidth, room.GetHeight()).height };
     }
-    const int inARow = std::clamp(frameClient.GetWidth() / WidthOfButton(), 1, MostButtons);
-    return { std::max(inARow * WidthOfButton(), LeastWidth()), HeightOfRows((MostButtons + inARow - 1) / inARow) };
+    const int inARow = std::clamp((room.GetWidth() - PageFrame()) / WidthOfButton(), 1, MostButtons);
+    return { std::max(inARow * WidthOfButton() + PageFrame(), LeastWidth()),
+             HeightOfRows((MostButtons + inARow - 1) / inARow) };
 }
 
 wxSize CQOXRMTabToolbar::FloatingSize() const

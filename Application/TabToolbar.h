@@ -21,9 +21,9 @@ public:
     void SetVertical(bool vertical);
     bool IsVertical() const;
 
-    /// The size that suits the strip in a frame whose inside has a size, with room for all tabs
-    /// and for the buttons of each.
-    wxSize WantedSize(const wxSize& frameClient) const;
+    /// The size that suits the strip, with room for all tabs and for the buttons of each, where
+    /// there is the width of the strip's place and the height of the inside of its frame.
+    wxSize WantedSize(const wxSize& room) const;
 
     /// The same for a strip in a window of its own.
     wxSize FloatingSize() const;
@@ -41,6 +41,8 @@ private:
     int HeightOfRows(int rows) const;
     int WidthOfButton() const;
     int LeastWidth() const;
+    int Margin() const;
+    int PageFrame() const;
     void OnSize(wxSizeEvent& event);
 
     int m_buttonWidth;                 // at a scale of 100 %

@@ -63,7 +63,10 @@ protected:
             { return std::all_of(buttons.begin(), buttons.end(), [&](auto* button) { return IsWhole(*button); }); });
         for (const wxAnyButton* const button : buttons)
         {
-            EXPECT_TRUE(IsWhole(*button)) << button->GetLabel();
+            const wxRect place = button->GetScreenRect();
+            EXPECT_TRUE(IsWhole(*button))
+                << button->GetLabel() << " at " << place.x << ", " << place.y << ", " << place.width << " by "
+                << place.height << " in " << Strip().GetScreenRect().width << " by " << Strip().GetScreenRect().height;
         }
     }
 
@@ -201,6 +204,7 @@ TEST_F(TabToolbarTest, TheFirstResizeAfterATabWasShownWidensTheButtons)
     const int shown = Strip().FromDIP(ButtonSizeOfShownTab(Strip().ButtonWidth()).width);
     const int laidOut = Strip().FromDIP(ButtonSizeOfLayout(Strip().ButtonWidth()).width);
     const auto best = [&] { return Strip().Bar().Buttons().back()->GetBestSize().GetWidth(); };
+    ExpectAllVisible();
     Strip().ShowTab(0);
     EXPECT_EQ(LeastWidth(), std::max(shown, best()));
     frame->SetSize(frame->GetSize() + wxSize(30, 0));
@@ -279,14 +283,20 @@ TEST_F(TabToolbarTest, AClickLeavesTheKeyboardWhereItWas)
 {
     const auto& list = ListOf(New());
     ASSERT_TRUE(WaitFor([&] { return list.IsDescendant(wxWindow::FindFocus()); }));
+    ExpectAllVisible();
     wxWindow* const before = wxWindow::FindFocus();
     Strip().ShowTab(1);
     EXPECT_TRUE(WaitFor([&] { return wxWindow::FindFocus() == before; }));
     wxAnyButton* const button = Strip().Bar().Buttons()[1];
-    const auto place = [button] { return button->GetScreenRect().GetPosition() + wxPoint(12, 12); };
-    ASSERT_TRUE(WaitFor([&] { return wxFindWindowAtPoint(place()) == button; }));
-    user.MouseMove(place());
-    user.MouseClick();
+    // What a click makes the toolkit send, which gives the button the keyboard in between.
+    wxMouseEvent down(wxEVT_LEFT_DOWN);
+    down.SetEventObject(button);
+    button->ProcessWindowEvent(down);
+    button->SetFocus();
+    ASSERT_TRUE(WaitFor([&] { return wxWindow::FindFocus() == button; }));
+    wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+    click.SetEventObject(button);
+    button->ProcessWindowEvent(click);
     EXPECT_TRUE(WaitFor([&] { return host.calls == Strings{ "units" }; }));
     EXPECT_TRUE(WaitFor([&] { return wxWindow::FindFocus() == before; }));
 }
