@@ -8,6 +8,7 @@
 #include "Explorer/RuleText.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Modules/FrameworkLibrary.h"
+#include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
 #include "Utilities/UserPrompt.h"
 
@@ -183,6 +184,9 @@ void CQOXRMConfigModuleView::MakeControls()
     m_summaryLabel = new wxStaticText(m_form, wxID_ANY, LoadText(TextId::SummaryLabel));
     m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL | wxBORDER_THEME);
+
+    NameForScreenReaders(*m_ruleList, LoadText(TextId::RuleListName));
+    NameForScreenReaders(*m_summaryList, LoadText(TextId::SummaryLabel));
 
     constexpr std::array Headings = { TextId::ColumnName, TextId::ColumnCategory, TextId::ColumnModule,
                                       TextId::ColumnCriticality };

@@ -23,8 +23,8 @@ TEST(RemoveFolderTreeTest, WhatCannotBeDeletedIsPassedOverAndItsFolderStays)
     WriteBytes(other, "2");
     std::filesystem::permissions(Platform::NativePath(folder.Path()), perms::all);
     std::filesystem::permissions(Platform::NativePath(tree), perms::all);
-    std::filesystem::permissions(Platform::NativePath(guarded), perms::owner_read | perms::owner_exec |
-                                                                    perms::others_read | perms::others_exec);
+    std::filesystem::permissions(Platform::NativePath(guarded),
+                                 perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
     EXPECT_TRUE(RunWithoutPrivileges(
         [&tree]
         {
