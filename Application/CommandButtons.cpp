@@ -35,12 +35,14 @@ wxAnyButton* CommandButtons::MakeButton(int command)
     wxAnyButton* button = nullptr; // owned by this window
     if (row.kind == wxITEM_CHECK)
     {
-        button = new wxToggleButton(this, command, label, wxDefaultPosition, wxDefaultSize, Style);
+        button = new wxToggleButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, Style);
     }
     else
     {
-        button = new wxButton(this, command, label, wxDefaultPosition, wxDefaultSize, Style);
+        button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, Style);
     }
+    // Only now: made with it, a button of a number that the toolkit knows would get an access key.
+    button->SetId(command);
     button->SetBitmap(CommandIcon(command, GetForegroundColour()));
     button->SetBitmapMargins(FromDIP(LabelGap), 0);
     button->SetToolTip(ToolTipOf(command));

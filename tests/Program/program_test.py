@@ -163,6 +163,16 @@ class ProgramTest(unittest.TestCase):
         for key in keys:
             xdotool("key", "--clearmodifiers", key)
 
+    def choose(self, menu, *keys):
+        """Opens a menu by its letter and goes on with keys once it is there, or some would be lost."""
+        def opened():
+            return xdotool("search", "--onlyvisible", "--name", f"^{os.path.basename(PROGRAM)}$")
+
+        self.press("alt+" + menu)
+        self.wait_until(opened, f"the menu {menu!r}")
+        self.press(*keys)
+        self.wait_until(lambda: not opened(), f"the end of the menu {menu!r}")
+
     def close(self, process):
         self.press("ctrl+q")
         self.assertEqual(self.wait_for_end(process), 0)
@@ -497,7 +507,7 @@ class ProgramTest(unittest.TestCase):
     def test_the_box_about_the_program_opens_from_the_menu_and_closes_by_escape(self):
         process = self.start()
         self.focus("^unnamed1 - ")
-        self.press("alt+h", "Up", "Return")
+        self.choose("h", "Up", "Return")
         self.focus("^About Vantrel Rule Manager$")
         self.press("Escape")
         self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the box")
@@ -521,7 +531,7 @@ class ProgramTest(unittest.TestCase):
         self.wait_until(lambda: self.press("ctrl+s") or condition(), what)
 
     def choose_units(self, *keys):
-        self.press("alt+f", "u")
+        self.choose("f", "u")
         self.focus("^Unit Settings$")
         for key in keys:
             # A list that is still opening or closing loses the key that comes meanwhile.
@@ -585,7 +595,7 @@ class ProgramTest(unittest.TestCase):
         self.press("End", "space")
         self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
         while self.section("RULE_CONFIGURATION_MODULES"):
-            self.press("alt+m", "r")
+            self.choose("m", "r")
             self.focus("^Rule Modules$")
             self.press("alt+r")  # takes the last one
             self.wait_until(
@@ -606,7 +616,7 @@ class ProgramTest(unittest.TestCase):
         path = self.copy_sample("milled-bracket.vrf")
         process = self.start(path)
         self.focus("^milled-bracket.vrf - ")
-        self.press("alt+m", "r")
+        self.choose("m", "r")
         self.focus("^Rule Modules$")
         xdotool("type", "--clearmodifiers", module.upper())
         self.press("alt+a")
@@ -649,7 +659,7 @@ class ProgramTest(unittest.TestCase):
         folder = os.path.join(self.folder, "R\u00e8gles")
         process = self.start()
         self.focus("^unnamed1 - ")
-        self.press("alt+m", "s")
+        self.choose("m", "s")
         self.focus("^Script Location$")
         self.press("ctrl+a")
         xdotool("type", "--clearmodifiers", folder)
@@ -668,7 +678,7 @@ class ProgramTest(unittest.TestCase):
         self.focus("^unnamed1 - ")
         self.press("ctrl+w")
         self.focus("^Vantrel Rule Manager$")
-        self.press("alt+f", "u")
+        self.choose("f", "u")
         self.close(process)  # which a dialog would keep it from
 
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
@@ -730,7 +740,7 @@ class ProgramTest(unittest.TestCase):
     def test_the_log_is_written_while_it_is_switched_on(self):
         process = self.start(self.copy_sample("milled-bracket.vrf"))
         self.focus("^milled-bracket.vrf - ")
-        self.press("alt+v", "w")
+        self.choose("v", "w")
         self.focus("^Vantrel Rule Manager$")
         self.press("Return")
         log = os.path.join(self.folder, "log", "Vantrel_RuleBuilder.vantrellog")
@@ -738,7 +748,7 @@ class ProgramTest(unittest.TestCase):
         self.focus("^milled-bracket.vrf - ")
         self.press("End", "space")
         self.wait_for_title(process, r"^milled-bracket.vrf\* - ")
-        self.press("alt+v", "w")
+        self.choose("v", "w")
         self.wait_until(lambda: b"Closing the log file" in read_bytes(log), "the end of the log")
         lines = [line.split("\t")[-1] for line in read_bytes(log).decode().splitlines()]
         self.assertEqual(
@@ -770,15 +780,16 @@ class ProgramTest(unittest.TestCase):
         self.focus("^milled-bracket.vrf - ")
         self.press("F1")
         self.wait_for_help(opened, ["overview"])
-        self.press("alt+h", "h")  # the command in the menu
+        self.choose("h", "h")  # the command in the menu
         self.wait_for_help(opened, ["overview"] * 2)
         self.press("ctrl+l")
         self.focus("^Set Password$")
         self.press("F1")
         self.wait_for_help(opened, ["overview"] * 2 + ["set-password"])
         self.press("Escape")
+        self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the dialog")
         self.focus("^milled-bracket.vrf - ")
-        self.press("alt+h", "Up", "Return")
+        self.choose("h", "Up", "Return")
         self.focus("^About Vantrel Rule Manager$")
         self.press("F1")
         self.wait_for_help(opened, ["overview"] * 2 + ["set-password", "about"])
