@@ -3,6 +3,7 @@
 #include "Application/CommandBars.h"
 #include "Application/CommandIcons.h"
 #include "Application/TabBarSizes.h"
+#include "Platform/ScreenReader.h"
 
 #include <wx/panel.h>
 
@@ -31,6 +32,8 @@ void CQOXRMTabCtrlEx::InsertTabs()
         auto* const page = new wxPanel(this); // owned by this window
         page->SetLabel(LoadText(CommandTabs[index].tip));
         AddPage(page, wxString(), index == 0, static_cast<int>(index));
+        // The tab has a picture and no text.
+        Platform::NameTabForScreenReaders(GetHandle(), static_cast<int>(index), LoadText(CommandTabs[index].tip));
     }
 }
 

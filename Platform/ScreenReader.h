@@ -18,4 +18,7 @@ enum class ScreenReaderRole
 void NameForScreenReaders(void* nativeWindow, const std::wstring& name,
                           ScreenReaderRole role = ScreenReaderRole::OfWindow);
 
+/// Same for a tab, which has no window of its own, by its number in a row of tabs from 0.
+void NameTabForScreenReaders(void* nativeTabs, int tab, const std::wstring& name);
+
 } // namespace Platform

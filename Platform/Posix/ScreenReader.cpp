@@ -61,4 +61,21 @@ void NameForScreenReaders(void* nativeWindow, const std::wstring& name, ScreenRe
     }
 }
 
+void NameTabForScreenReaders(void* nativeTabs, int tab, const std::wstring& name)
+{
+    const auto setName = Find<void (*)(void*, const char*)>("atk_object_set_name");
+    const auto child = Find<void* (*)(void*, int)>("atk_object_ref_accessible_child");
+    const auto release = Find<void (*)(void*)>("g_object_unref");
+    void* const tabs = AccessibleOf(nativeTabs);
+    if (setName == nullptr || child == nullptr || release == nullptr || tabs == nullptr)
+    {
+        return;
+    }
+    if (void* const accessible = child(tabs, tab))
+    {
+        setName(accessible, WideToUtf8(name).c_str());
+        release(accessible);
+    }
+}
+
 } // namespace Platform
