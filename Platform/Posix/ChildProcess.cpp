@@ -1,5 +1,6 @@
 #include "Platform/ChildProcess.h"
 
+#include "Platform/Posix/ChildSignalGuard.h"
 #include "Platform/Posix/Descriptor.h"
 #include "Platform/Posix/PathBytes.h"
 
@@ -178,6 +179,7 @@ ChildResult RunChild(const std::vector<std::wstring>& command, std::chrono::mill
         return {};
     }
     const Posix::Descriptor readEnd(ends[0]);
+    const Posix::ChildSignalGuard guard;
     std::optional<pid_t> child;
     {
         const Posix::Descriptor writeEnd(ends[1]);

@@ -1,5 +1,6 @@
 #include "Platform/LibraryTrial.h"
 
+#include "Platform/Posix/ChildSignalGuard.h"
 #include "Platform/Posix/PathBytes.h"
 
 #include <cerrno>
@@ -56,6 +57,7 @@ void CutOff()
 
 bool LoadsWithoutHarm(const std::wstring& path)
 {
+    const Posix::ChildSignalGuard guard;
     const pid_t child = ::fork();
     if (child == 0)
     {
@@ -71,7 +73,7 @@ bool LoadsWithoutHarm(const std::wstring& path)
     {
         if (errno != EINTR)
         {
-            return true;
+            return false;
         }
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == Loaded;
