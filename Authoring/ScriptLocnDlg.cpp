@@ -57,7 +57,7 @@ void CQOXRMScriptLocnDlg::MakeControls()
         addRow(TextId::DatabaseFolderField, TextId::BrowseDatabaseFolder, &CQOXRMScriptLocnDlg::OnBrowseDatabase);
 
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
-    DropSpaceBehindButtons(*buttons);
+    DropSpaceAroundButtons(*buttons);
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(Margin)));
     rows->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM | wxRIGHT, FromDIP(Margin)));

@@ -55,7 +55,7 @@ void CPasswordDlg::MakeControls(PasswordPurpose purpose)
     field->Add(m_edit, wxSizerFlags(1).CentreVertical());
 
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
-    DropSpaceBehindButtons(*buttons);
+    DropSpaceAroundButtons(*buttons);
 
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(label, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Margin)));

@@ -60,7 +60,7 @@ void CQOXUnitSettingDlg::MakeControls()
     m_angular = addField(TextId::AngularUnitField, OfferedAngularUnits(), m_units.angular);
 
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
-    DropSpaceBehindButtons(*buttons);
+    DropSpaceAroundButtons(*buttons);
 
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(fields, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(Margin)));

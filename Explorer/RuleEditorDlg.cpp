@@ -176,7 +176,7 @@ void RuleEditorDlg::AddButtons(wxSizer& rows)
     }
     line->AddStretchSpacer();
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL);
-    DropSpaceBehindButtons(*buttons);
+    DropSpaceAroundButtons(*buttons);
     line->Add(buttons, wxSizerFlags().CentreVertical());
     rows.Add(line, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
 }

@@ -112,7 +112,7 @@ void CQOXRuleRegDlg::MakeControls()
     rows->Add(MakeDetails(), sides().Proportion(1));
 
     wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK | wxCANCEL | wxHELP);
-    DropSpaceBehindButtons(*buttons);
+    DropSpaceAroundButtons(*buttons);
     rows->Add(buttons, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
     m_ok = static_cast<wxButton*>(FindWindow(wxID_OK));
     m_cancel = static_cast<wxButton*>(FindWindow(wxID_CANCEL));

@@ -24,15 +24,24 @@ void LabelStandardButtons(wxWindow& window)
     }
 }
 
-void DropSpaceBehindButtons(wxSizer& buttons)
+void DropSpaceAroundButtons(wxSizer& buttons)
 {
-    wxSizerItem* const last = buttons.GetChildren().GetLast()->GetData();
-    if (last->IsSpacer())
+    for (wxSizerItem* const item : buttons.GetChildren())
     {
-        last->AssignSpacer(0, last->GetSpacer().GetHeight());
+        item->SetFlag(item->GetFlag() & ~wxLEFT);
+        if (item->IsWindow())
+        {
+            break;
+        }
+        item->AssignSpacer(0, item->GetSpacer().GetHeight());
     }
-    else
+    for (auto item = buttons.GetChildren().rbegin(); item != buttons.GetChildren().rend(); ++item)
     {
-        last->SetFlag(last->GetFlag() & ~wxRIGHT);
+        (*item)->SetFlag((*item)->GetFlag() & ~wxRIGHT);
+        if ((*item)->IsWindow())
+        {
+            break;
+        }
+        (*item)->AssignSpacer(0, (*item)->GetSpacer().GetHeight());
     }
 }

@@ -7,6 +7,6 @@ class wxWindow;
 /// in use. By themselves some systems label them in a language of their own.
 void LabelStandardButtons(wxWindow& window);
 
-/// Takes out the space that systems leave of their own behind the last of a dialog's standard
-/// buttons, with which it would not stand under the end of the fields above.
-void DropSpaceBehindButtons(wxSizer& buttons);
+/// Takes out the space that systems leave of their own at both ends of a dialog's standard
+/// buttons, with which they would not stand under the ends of the fields above.
+void DropSpaceAroundButtons(wxSizer& buttons);
