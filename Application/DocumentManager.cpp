@@ -4,11 +4,11 @@
 #include "Application/RuleFileType.h"
 #include "Document/ConfigModuleDoc.h"
 #include "Modules/ApplicationGlobals.h"
+#include "Platform/Files.h"
 #include "Utilities/Texts.h"
 #include "Utilities/UserPrompt.h"
 
 #include <wx/docview.h>
-#include <wx/filename.h>
 
 namespace
 {
@@ -120,9 +120,8 @@ wxDocTemplate* RuleDocManager::FindTemplateForPath(const wxString& path)
 
 wxDocument* RuleDocManager::OpenFile(const wxString& path)
 {
-    wxFileName name(path);
-    name.MakeAbsolute();
-    return CreateDocument(name.GetFullPath(), wxDOC_SILENT);
+    // Not the toolkit's way, which takes `..` behind a link for the folder before the link.
+    return CreateDocument(Platform::AbsolutePath(path.ToStdWstring()), wxDOC_SILENT);
 }
 
 wxDocument* RuleDocManager::NewFile()

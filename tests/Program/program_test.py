@@ -298,6 +298,14 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(read_bytes(path), before)
         self.close(process)
 
+    def test_a_path_that_goes_back_behind_a_link_names_the_file_that_the_system_has_there(self):
+        os.makedirs(os.path.join(self.folder, "real", "inner"))
+        os.symlink(os.path.join("real", "inner"), os.path.join(self.folder, "link"))
+        self.copy_sample("milled-bracket.vrf", os.path.join("real", "behind.vrf"))
+        process = self.start(os.path.join(self.folder, "link", "..", "behind.vrf"))
+        self.focus("^behind.vrf - ")
+        self.close(process)
+
     def test_what_a_save_replaces_is_kept_whole_in_the_users_data_folder(self):
         path = self.copy_sample("milled-bracket.vrf")
         before = read_bytes(path)
