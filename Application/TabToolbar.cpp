@@ -82,9 +82,16 @@ CQOXRMTabToolbar::CQOXRMTabToolbar(wxWindow* parent)
          [this](wxSysColourChangedEvent& event)
          {
              event.Skip();
+             m_surroundings.reset();
              SetBackgrounds();
              m_tabs->LoadPictures();
              LoadTab(CurrentTab());
+         });
+    Bind(wxEVT_DPI_CHANGED,
+         [this](wxDPIChangedEvent& event)
+         {
+             event.Skip();
+             m_surroundings.reset();
          });
 }
 
@@ -155,7 +162,7 @@ bool CQOXRMTabToolbar::IsVertical() const
 int CQOXRMTabToolbar::HeightOfRows(int rows) const
 {
     const int button = std::max(FromDIP(ButtonSizeOfLayout(m_buttonWidth).height), m_bar->ButtonHeight());
-    return FromDIP(TabControlRect({}).y) + Margin() + m_tabs->CalcSizeFromPage({ 0, 0 }).GetHeight() + rows * button;
+    return FromDIP(TabControlRect({}).y) + Margin() + PageSurroundings().GetHeight() + rows * button;
 }
 
 int CQOXRMTabToolbar::Margin() const
@@ -177,7 +184,17 @@ int CQOXRMTabToolbar::WidthOfButton() const
 
 int CQOXRMTabToolbar::PageFrame() const
 {
-    return m_tabs->CalcSizeFromPage({ 0, 0 }).GetWidth() + Margin();
+    return PageSurroundings().GetWidth() + Margin();
+}
+
+const wxSize& CQOXRMTabToolbar::PageSurroundings() const
+{
+    const bool onScreen = IsShownOnScreen();
+    if (!m_surroundings || m_surroundings->onScreen != onScreen)
+    {
+        m_surroundings = MeasuredSurroundings{ onScreen, m_tabs->CalcSizeFromPage({ 0, 0 }) };
+    }
+    return m_surroundings->size;
 }
 
 wxSize CQOXRMTabToolbar::WantedSize(const wxSize& room) const

@@ -2,6 +2,8 @@
 
 #include <wx/panel.h>
 
+#include <optional>
+
 class CommandButtons;
 class CQOXRMTabCtrlEx;
 
@@ -36,6 +38,14 @@ public:
     CommandButtons& Bar() { return *m_bar; }
 
 private:
+    /// What the toolkit puts around a page. It takes a while to ask, and doesn't change but with
+    /// the theme, the scale and whether the window is there.
+    struct MeasuredSurroundings
+    {
+        bool onScreen = false;
+        wxSize size;
+    };
+
     void LoadTab(int tab);
     void SetBackgrounds();
     int HeightOfRows(int rows) const;
@@ -43,10 +53,12 @@ private:
     int LeastWidth() const;
     int Margin() const;
     int PageFrame() const;
+    const wxSize& PageSurroundings() const;
     void OnSize(wxSizeEvent& event);
 
     int m_buttonWidth;                 // at a scale of 100 %
     CQOXRMTabCtrlEx* m_tabs = nullptr; // these two are owned by the window system
     CommandButtons* m_bar = nullptr;
+    mutable std::optional<MeasuredSurroundings> m_surroundings;
     bool m_filling = false; // tabs come in, which is no choice of the user's
 };
