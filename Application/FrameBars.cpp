@@ -47,7 +47,7 @@ public:
             m_bars.SetLayout(layout);
         }
         int tab = 0;
-        if (RestoreValue("Tab", &tab))
+        if (RestoreValue("Tab", &tab) && tab != m_bars.Strip().CurrentTab())
         {
             m_bars.Strip().ShowTab(tab);
         }
