@@ -66,7 +66,7 @@ protected:
     /// A rule file without rules.
     std::wstring RuleFile(const std::wstring& name)
     {
-        const std::wstring path = folder.File(name);
+        std::wstring path = folder.File(name);
         WriteBytes(path, "<?xml version=\"1.0\"?>\n<Lumeq Unit=\"0\" AngularUnit=\"0\"/>\n");
         return path;
     }

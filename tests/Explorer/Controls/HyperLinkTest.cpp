@@ -162,7 +162,7 @@ TEST_F(HyperLinkTest, AClickThatEndsBesideTheLinkIsNone)
     ShowAndTellParent();
     ASSERT_TRUE(Enter());
     user.MouseDown();
-    ASSERT_TRUE(WaitFor([this] { return wxGetMouseState().LeftIsDown(); }));
+    ASSERT_TRUE(WaitFor([] { return wxGetMouseState().LeftIsDown(); }));
     MoveTo(*link, { 10, 60 });
     user.MouseUp();
     ASSERT_TRUE(WaitFor([this] { return !wxGetMouseState().LeftIsDown() && !link->IsMouseOver(); }));
