@@ -302,6 +302,10 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
     s_frames->SetStatusText({}); // it told of this document
     if (deleteWindow)
     {
+        if (m_ruleList != nullptr)
+        {
+            m_ruleList->SetSearchHandler({}); // the list outlives the view, and may end a search then
+        }
         GetFrame()->Destroy();
         SetFrame(nullptr);
     }

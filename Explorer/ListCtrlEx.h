@@ -9,6 +9,7 @@
 
 #include <wx/listctrl.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -41,6 +42,9 @@ public:
     /// Called with what the user has typed to find a rule, and whether a row has it; with an
     /// empty text when the search has ended.
     void SetSearchHandler(TypedSearchKeys::Handler handler) { m_search.SetHandler(std::move(handler)); }
+
+    /// How long a search waits for the next letter.
+    void SetSearchLimit(std::chrono::milliseconds limit) { m_search.SetLimit(limit); }
 
     /// Ends the search by letters, if one is running.
     void EndSearch() { m_search.End(); }

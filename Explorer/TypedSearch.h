@@ -12,8 +12,11 @@ class TypedSearch
 public:
     using Time = std::chrono::steady_clock::time_point;
 
-    /// How long a search waits for the next letter.
+    /// How long a search waits for the next letter, unless it is told otherwise.
     static constexpr std::chrono::milliseconds TimeLimit{ 2000 };
+
+    void SetLimit(std::chrono::milliseconds limit) { m_limit = limit; }
+    std::chrono::milliseconds Limit() const { return m_limit; }
 
     /// The rows in the order in which they are shown.
     struct Rows
@@ -23,7 +26,7 @@ public:
         std::function<std::wstring(int)> name;
     };
 
-    bool IsRunning(Time now) const { return !m_text.empty() && now - m_lastTyped < TimeLimit; }
+    bool IsRunning(Time now) const { return !m_text.empty() && now - m_lastTyped < m_limit; }
 
     /// What has been typed; empty before the first letter and after the end.
     const std::wstring& Text() const { return m_text; }
@@ -49,6 +52,7 @@ private:
     int Find(const std::wstring& text, const Rows& rows) const;
     int Found(int row, Time now);
 
+    std::chrono::milliseconds m_limit = TimeLimit;
     std::wstring m_text;
     int m_start = -1; // the row that had the focus before the first letter
     bool m_found = false;

@@ -106,7 +106,7 @@ void TypedSearchKeys::Show(int row)
     }
     else
     {
-        m_timer.StartOnce(static_cast<int>(TypedSearch::TimeLimit.count()));
+        m_timer.StartOnce(static_cast<int>(m_search.Limit().count()));
     }
     if (m_handler)
     {

@@ -2,6 +2,7 @@
 
 #include "Explorer/TypedSearch.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
@@ -25,6 +26,9 @@ public:
     explicit TypedSearchKeys(CQOXRMListCtrlEx& list);
 
     void SetHandler(Handler handler) { m_handler = std::move(handler); }
+
+    /// How long a search waits for the next letter.
+    void SetLimit(std::chrono::milliseconds limit) { m_search.SetLimit(limit); }
 
     /// Takes a key that was pressed, ahead of the list. False if it is for the list.
     bool TakeKey(wxKeyEvent& event);
