@@ -1,6 +1,7 @@
 #include "Platform/ChildProcess.h"
 
 #include "Platform/Posix/ChildSignalGuard.h"
+#include "Platform/Posix/CrashEnd.h"
 #include "Platform/Posix/Descriptor.h"
 #include "Platform/Posix/PathBytes.h"
 
@@ -15,7 +16,6 @@
 #include <spawn.h>
 #include <string_view>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -211,12 +211,7 @@ bool BeginAsChild()
     channel = ChannelFile;
     ::fcntl(channel, F_SETFD, FD_CLOEXEC);
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const rlimit none = {};
-    ::setrlimit(RLIMIT_CORE, &none);
-    for (const int number : { SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL })
-    {
-        std::signal(number, SIG_DFL);
-    }
+    Posix::EndAtOnceAtCrash();
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "Platform/LibraryTrial.h"
 
 #include "Platform/Posix/ChildSignalGuard.h"
+#include "Platform/Posix/CrashEnd.h"
 #include "Platform/Posix/PathBytes.h"
 
 #include <cerrno>
@@ -8,7 +9,6 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,12 +31,8 @@ enum Outcome : int
 /// are open, what runs at the program's end, output.
 void CutOff()
 {
-    const rlimit none = {};
-    ::setrlimit(RLIMIT_CORE, &none);
-    for (const int number : { SIGALRM, SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL })
-    {
-        std::signal(number, SIG_DFL);
-    }
+    Posix::EndAtOnceAtCrash();
+    std::signal(SIGALRM, SIG_DFL);
     sigset_t alarmOnly;
     ::sigemptyset(&alarmOnly);
     ::sigaddset(&alarmOnly, SIGALRM);

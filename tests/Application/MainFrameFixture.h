@@ -8,6 +8,7 @@
 #include "Explorer/ConfigModuleView.h"
 #include "Explorer/ListCtrlEx.h"
 #include "tests/Document/TestApplication.h"
+#include "tests/Support/WindowTest.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,6 @@
 #include <wx/modalhook.h>
 #include <wx/uiaction.h>
 
-#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -132,18 +132,6 @@ protected:
     static CQOXRMListCtrlEx& ListOf(CQOXRMConfigModuleDoc& document)
     {
         return dynamic_cast<CQOXRMConfigModuleView&>(*document.GetFirstView()).RuleListCtrl();
-    }
-
-    template <typename Condition>
-    bool WaitFor(Condition&& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-        {
-            wxYield();
-            wxTheApp->ProcessIdle();
-        }
-        return condition();
     }
 
     /// What the toolkit does when the item of a command is chosen.

@@ -8,6 +8,7 @@
 #include "Explorer/ListCtrlEx.h"
 #include "Explorer/RuleText.h"
 #include "tests/Document/TestApplication.h"
+#include "tests/Support/WindowTest.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/RuleEditor.h>
@@ -23,7 +24,6 @@
 #include <wx/menu.h>
 #include <wx/uiaction.h>
 
-#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -125,18 +125,6 @@ protected:
         wxUpdateUIEvent event(id);
         view->ProcessEvent(event);
         return !event.GetSetEnabled() || event.GetEnabled();
-    }
-
-    template <typename Condition>
-    bool WaitFor(Condition&& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-        {
-            wxYield();
-            wxTheApp->ProcessIdle();
-        }
-        return condition();
     }
 
     /// Gives the window of the view the keys of the user.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Explorer/ListCtrlEx.h"
+#include "tests/Support/WindowTest.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
 
@@ -8,32 +9,16 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/init.h>
 #include <wx/uiaction.h>
 
-#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
 
 /// A rule list in a window of its own, with a user at mouse and keyboard.
-class ListCtrlExTest : public testing::Test
+class ListCtrlExTest : public WindowTest
 {
 protected:
-    // Once for all: the toolkit doesn't start twice in a process.
-    static void SetUpTestSuite()
-    {
-        wxApp::SetInstance(new wxApp); // owned by the toolkit
-        Toolkit() = std::make_unique<wxInitializer>();
-    }
-    static void TearDownTestSuite() { Toolkit().reset(); }
-
-    static std::unique_ptr<wxInitializer>& Toolkit()
-    {
-        static std::unique_ptr<wxInitializer> toolkit;
-        return toolkit;
-    }
-
     ListCtrlExTest()
     {
         frame = new wxFrame(nullptr, wxID_ANY, "test", { 0, 0 }, { 600, 500 }); // destroyed with the test
@@ -80,19 +65,6 @@ protected:
         list->SetFocus();
         WaitFor([this] { return frame->IsActive(); });
         Settle();
-    }
-
-    /// Handles events until the condition holds or a limit has passed.
-    template <typename Condition>
-    bool WaitFor(Condition&& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-        {
-            wxYield();
-            wxTheApp->ProcessIdle();
-        }
-        return condition();
     }
 
     /// Handles what is to be handled. Events of the user go through the display and back, so

@@ -4,6 +4,7 @@
 #include "Platform/Text.h"
 #include "tests/RuleModules/LoadedModule.h"
 #include "tests/Support/ShownDialog.h"
+#include "tests/Support/StockLibraries.h"
 
 #include <Vantrel/FrameworkFunctions.h>
 #include <Vantrel/QoxRule.h>
@@ -18,23 +19,11 @@
 
 #include <list>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace
 {
-
-std::vector<std::string> StockLibraries()
-{
-    std::vector<std::string> libraries;
-    std::istringstream list(VANTREL_STOCK_LIBRARIES);
-    for (std::string library; std::getline(list, library, ',');)
-    {
-        libraries.push_back(library);
-    }
-    return libraries;
-}
 
 class StockRuleEditorTest : public testing::TestWithParam<std::string>
 {
@@ -112,7 +101,7 @@ TEST_P(StockRuleEditorTest, EveryRuleOpensAndOkWithoutAChangeLeavesEachByteOfItI
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StockRuleEditorTest, testing::ValuesIn(StockLibraries()),
+INSTANTIATE_TEST_SUITE_P(All, StockRuleEditorTest, testing::ValuesIn(StockLibraries(VANTREL_STOCK_LIBRARIES)),
                          [](const testing::TestParamInfo<std::string>& test) { return test.param; });
 
 } // namespace

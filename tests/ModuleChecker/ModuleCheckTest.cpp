@@ -2,13 +2,13 @@
 #include "Platform/Files.h"
 #include "Platform/Text.h"
 #include "tests/Support/ScopedEnvironment.h"
+#include "tests/Support/StockLibraries.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <ostream>
-#include <sstream>
 
 namespace
 {
@@ -62,14 +62,11 @@ Checked Check(const std::wstring& module)
     return Check(request);
 }
 
-std::vector<std::string> StockLibraries()
+/// The database module and those of rules.
+std::vector<std::string> CheckedLibraries()
 {
-    std::vector<std::string> libraries = { "QoxSqliteDatabaseu" };
-    std::istringstream list(VANTREL_STOCK_LIBRARIES);
-    for (std::string library; std::getline(list, library, ',');)
-    {
-        libraries.push_back(library);
-    }
+    std::vector<std::string> libraries = StockLibraries(VANTREL_STOCK_LIBRARIES);
+    libraries.insert(libraries.begin(), "QoxSqliteDatabaseu");
     return libraries;
 }
 
@@ -88,7 +85,7 @@ TEST_P(StockModuleCheckTest, PassesWithoutAWarning)
     EXPECT_THAT(checked.lines.front(), testing::ContainsRegex("1[0-9] rules with [0-9]+ parameters|database with"));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StockModuleCheckTest, testing::ValuesIn(StockLibraries()),
+INSTANTIATE_TEST_SUITE_P(All, StockModuleCheckTest, testing::ValuesIn(CheckedLibraries()),
                          [](const testing::TestParamInfo<std::string>& test) { return test.param; });
 
 /// A broken module and what has to be said about it.

@@ -1,6 +1,7 @@
 #include "tests/RuleModules/LoadedModule.h"
 
 #include "Platform/Text.h"
+#include "tests/Support/StockLibraries.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
@@ -15,24 +16,11 @@
 #include <memory>
 #include <optional>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace
 {
-
-/// The stock modules, as the build lists them.
-std::vector<std::string> StockLibraries()
-{
-    std::vector<std::string> libraries;
-    std::istringstream list(VANTREL_STOCK_LIBRARIES);
-    for (std::string library; std::getline(list, library, ',');)
-    {
-        libraries.push_back(library);
-    }
-    return libraries;
-}
 
 std::wstring LibraryFile(const std::string& library)
 {
@@ -505,13 +493,13 @@ TEST_P(RuleModuleTest, ChoiceOfAFileStaysEvenIfNobodyKnowsIt)
     EXPECT_GE(checkedRules, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, RuleModuleTest, testing::ValuesIn(StockLibraries()),
+INSTANTIATE_TEST_SUITE_P(All, RuleModuleTest, testing::ValuesIn(StockLibraries(VANTREL_STOCK_LIBRARIES)),
                          [](const testing::TestParamInfo<std::string>& test) { return test.param; });
 
 TEST(RuleModules, LeaveTheProcessWhenTheyAreReleased)
 {
     const std::list<std::wstring> databases = { StagedLibrary(L"QoxSqliteDatabaseu.dll") };
-    for (const std::string& module : StockLibraries())
+    for (const std::string& module : StockLibraries(VANTREL_STOCK_LIBRARIES))
     {
         const std::wstring path = StagedLibrary(LibraryFile(module));
         {
@@ -529,7 +517,7 @@ TEST(RuleModules, RuleNamesAndHelpFilesAreUniqueAmongAllModules)
 {
     std::set<std::wstring> names;
     std::set<std::wstring> helpFiles;
-    for (const std::string& module : StockLibraries())
+    for (const std::string& module : StockLibraries(VANTREL_STOCK_LIBRARIES))
     {
         const LoadedModule loaded(StagedLibrary(LibraryFile(module)));
         ASSERT_TRUE(loaded.IsLoaded());
