@@ -18,7 +18,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(VANTREL_CCACHE ccache)
 if(VANTREL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${VANTREL_CCACHE}")
+    # A clone elsewhere finds what was compiled here: names below the tree count from its root.
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+        CCACHE_NOHASHDIR=1 "${VANTREL_CCACHE}")
 endif()
 
 # The tree that an installed program has; the program is always run from it.
