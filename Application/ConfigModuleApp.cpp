@@ -182,6 +182,14 @@ void CQOXRMConfigModuleApp::LoadAllModules()
 
 bool CQOXRMConfigModuleApp::MakeMainWindow()
 {
+    m_prompt.OnAnswered(
+        [this]
+        {
+            if (!m_waitingFiles.empty())
+            {
+                CallAfter(&CQOXRMConfigModuleApp::OpenWaitingFiles); // once the work that asked has ended
+            }
+        });
     m_documents = std::make_unique<RuleDocManager>();
     if (m_documents->MakeRuleTemplate() == nullptr)
     {
@@ -268,7 +276,22 @@ Platform::LibraryHandle CQOXRMConfigModuleApp::Framework()
 
 void CQOXRMConfigModuleApp::OpenDocumentFile(const std::wstring& path)
 {
+    // Another document may be halfway through its load or save, with the question about it on
+    // the screen; modules know of one at a time.
+    if (m_prompt.IsAsking())
+    {
+        m_waitingFiles.push_back(path);
+        return;
+    }
     m_documents->OpenFile(path);
+}
+
+void CQOXRMConfigModuleApp::OpenWaitingFiles()
+{
+    for (const std::wstring& path : std::exchange(m_waitingFiles, {}))
+    {
+        OpenDocumentFile(path); // waits again if one before it asks
+    }
 }
 
 void CQOXRMConfigModuleApp::ToggleLog()

@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class CQoxRule;
 
@@ -63,6 +64,7 @@ private:
     void NotifyDocuments(CQoxRule* rule, UserRuleChange change, const std::wstring& name);
 
     void OpenDocumentFile(const std::wstring& path) override;
+    void OpenWaitingFiles();
     bool IsOneRuleSelected() const override { return nDocOpenState != 0; }
     bool IsLogEnabled() const override { return bLogEnabled; }
     void ToggleLog() override;
@@ -80,6 +82,7 @@ private:
     WindowPrompt m_prompt;
     ModuleSet m_modules;
     CommandLine m_commandLine;
+    std::vector<std::wstring> m_waitingFiles; // that came while the user was being asked
     MdiViewFrames m_viewFrames;
     std::unique_ptr<RuleDocManager> m_documents;
     CQOXRMMainFrame* m_mainFrame = nullptr; // owned by the window system

@@ -25,36 +25,42 @@ long IconOf(BoxKind kind)
     return wxICON_NONE;
 }
 
-/// Shows the ordinary cursor while the user is asked in the midst of some work.
-class OrdinaryCursor
+} // namespace
+
+/// Counts one box, and shows the ordinary cursor while the user is asked in the midst of some work.
+class WindowPrompt::Question
 {
 public:
-    OrdinaryCursor()
+    explicit Question(WindowPrompt& prompt) : m_prompt(prompt)
     {
-        for (; wxIsBusy(); ++m_levels)
+        ++m_prompt.m_boxes;
+        for (; wxIsBusy(); ++m_busyLevels)
         {
             wxEndBusyCursor();
         }
     }
-    ~OrdinaryCursor()
+    ~Question()
     {
-        for (; m_levels > 0; --m_levels)
+        for (; m_busyLevels > 0; --m_busyLevels)
         {
             wxBeginBusyCursor();
         }
+        if (--m_prompt.m_boxes == 0 && m_prompt.m_answered)
+        {
+            m_prompt.m_answered();
+        }
     }
-    OrdinaryCursor(const OrdinaryCursor&) = delete;
-    OrdinaryCursor& operator=(const OrdinaryCursor&) = delete;
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
 
 private:
-    int m_levels = 0;
+    WindowPrompt& m_prompt;
+    int m_busyLevels = 0;
 };
-
-} // namespace
 
 void WindowPrompt::ShowBox(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     wxMessageDialog dialog(wxGetActiveWindow(), text, caption, wxOK | IconOf(kind));
     dialog.SetOKLabel(wxString(LoadText(TextId::ButtonOk)));
     dialog.ShowModal();
@@ -62,7 +68,7 @@ void WindowPrompt::ShowBox(BoxKind kind, const std::wstring& text, const std::ws
 
 bool WindowPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::wstring& caption)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     wxMessageDialog dialog(wxGetActiveWindow(), text, caption, wxYES_NO | IconOf(kind));
     dialog.SetYesNoLabels(wxString(LoadText(TextId::ButtonYes)), wxString(LoadText(TextId::ButtonNo)));
     return dialog.ShowModal() == wxID_YES;
@@ -70,7 +76,7 @@ bool WindowPrompt::AskYesNo(BoxKind kind, const std::wstring& text, const std::w
 
 SaveAnswer WindowPrompt::AskSaveChanges(const std::wstring& documentName)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     wxMessageDialog dialog(wxGetActiveWindow(), FormatText(TextId::SaveChangesQuestion, { documentName }),
                            LoadText(TextId::ApplicationTitle), wxYES_NO | wxCANCEL | wxICON_QUESTION);
     dialog.SetYesNoCancelLabels(wxString(LoadText(TextId::ButtonSave)), wxString(LoadText(TextId::ButtonDontSave)),
@@ -88,7 +94,7 @@ SaveAnswer WindowPrompt::AskSaveChanges(const std::wstring& documentName)
 
 std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     CPasswordDlg dialog(wxGetActiveWindow(), purpose, *this);
     if (dialog.ShowModal() != wxID_OK)
     {
@@ -99,7 +105,7 @@ std::optional<std::wstring> WindowPrompt::AskPassword(PasswordPurpose purpose)
 
 std::optional<std::wstring> WindowPrompt::AskFile(const FileQuestion& question)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     const bool opens = question.purpose == FilePurpose::Open;
     CExtendedDialogDlg dialog(opens ? 1 : 0, question.folder, question.title, question.extension.c_str(),
                               question.fileName.c_str(),
@@ -116,7 +122,7 @@ std::optional<std::wstring> WindowPrompt::AskFile(const FileQuestion& question)
 
 std::optional<std::wstring> WindowPrompt::AskFolder(const FolderQuestion& question)
 {
-    const OrdinaryCursor cursor;
+    const Question asking(*this);
     wxDirDialog dialog(wxGetActiveWindow(), question.title, question.folder, wxDD_DEFAULT_STYLE | wxDD_NEW_DIR_BUTTON);
     if (dialog.ShowModal() != wxID_OK)
     {

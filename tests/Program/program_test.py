@@ -254,6 +254,28 @@ class ProgramTest(unittest.TestCase):
         self.wait_for_title(first, "^second file \u00e9.vrf - ")
         self.assertEqual(self.titles(second), [])
 
+    def test_a_file_that_is_handed_over_during_a_question_waits_for_the_answer(self):
+        held = self.copy_sample("milled-bracket.vrf")
+        first = self.start(held)
+        self.focus("^milled-bracket.vrf - ")
+        self.press("ctrl+w")
+        self.focus("^Vantrel Rule Manager$")
+        other = open(held, "r+b")
+        self.addCleanup(other.close)
+        fcntl.flock(other, fcntl.LOCK_EX)
+        self.choose("f", "1")
+        self.wait_until(lambda: len(self.windows(first)) == 2, "the question")
+        second = self.copy_sample("moulded-housing.vrf")
+        self.assertEqual(self.wait_for_end(self.start(second)), 0)
+        self.assertTrue(self.can_lock(second), "it isn't open")
+        self.focus("^Vantrel Rule Manager$")  # the question
+        self.press("alt+y")
+        self.focus("^moulded-housing.vrf - ")
+        self.assertFalse(self.can_lock(second))
+        self.press("ctrl+w")
+        self.wait_for_title(first, r"^milled-bracket.vrf \[Read-Only\] ")
+        self.close(first)
+
     def test_second_start_without_a_file_brings_the_first_forward_and_ends(self):
         first = self.start(self.copy_sample("milled-bracket.vrf"))
         self.wait_for_title(first, "^milled-bracket.vrf - ")
