@@ -251,6 +251,7 @@ void CQOXRMConfigModuleView::OnUpdate(wxView* /*sender*/, wxObject* hint)
     case ViewHint::Reload:
         m_ruleList->SetFocus();
         UpdateRuleList(false);
+        m_explorer->ShowCounts(); // modules may have brought rules or taken some along
         break;
     case ViewHint::UnitsChanged:
         m_explorer->OnRuleUnitsChanged();
@@ -371,7 +372,9 @@ void CQOXRMConfigModuleView::ShowSummary(const std::wstring& text)
 void CQOXRMConfigModuleView::SetStatus(const std::wstring& text)
 {
     m_status = text;
-    if (!m_searching)
+    // A hint reaches views behind the current one too.
+    const wxView* const current = GetDocumentManager()->GetCurrentView();
+    if (!m_searching && (current == nullptr || current == this))
     {
         s_frames->SetStatusText(text);
     }

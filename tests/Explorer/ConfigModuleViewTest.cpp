@@ -367,3 +367,25 @@ TEST_F(ConfigModuleViewTest, TheStatusOfADocumentGoesWithIt)
     EXPECT_EQ(frames.status, "");
     EXPECT_EQ(application.docOpenState, 0);
 }
+
+TEST_F(ConfigModuleViewTest, AReloadShowsTheCountsAgain)
+{
+    New();
+    const wxString counts = frames.status;
+    frames.status.clear();
+    document->UpdateViews(ViewHint::Reload);
+    EXPECT_EQ(frames.status, counts);
+}
+
+TEST_F(ConfigModuleViewTest, ADocumentBehindAnotherLeavesTheStatusToThat)
+{
+    New();
+    CQOXRMConfigModuleDoc* const behind = document;
+    New();
+    manager->ActivateView(view);
+    frames.status = "of the one in front";
+    behind->UpdateViews(ViewHint::Reload);
+    EXPECT_EQ(frames.status, "of the one in front");
+    document->UpdateViews(ViewHint::Reload);
+    EXPECT_NE(frames.status, "of the one in front");
+}
