@@ -14,10 +14,9 @@ namespace
 // A column is widened once a text needs more than it has with this much air.
 constexpr double ColumnAir = 1.2;
 
-constexpr int MarginOfBox = 5;  // on either side
-constexpr int MarginOfText = 8; // likewise
-
-constexpr int SelectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+// On either side.
+constexpr int MarginOfBox = 5;
+constexpr int MarginOfText = 8;
 
 } // namespace
 
@@ -120,15 +119,10 @@ void CQOXRMListCtrlEx::NoteChange(int row)
 void CQOXRMListCtrlEx::Sort(int key)
 {
     m_order.Choose(key);
-    SortRows();
+    SortAgain();
 }
 
 void CQOXRMListCtrlEx::SortAgain()
-{
-    SortRows();
-}
-
-void CQOXRMListCtrlEx::SortRows()
 {
     FinishClick();
     EndSearch();
@@ -228,8 +222,14 @@ int CQOXRMListCtrlEx::FittingWidth(int column)
     }
     m_widths.Forget(); // the font may be another next time
     m_measuring.reset();
-    const int box = column == 0 ? wxRendererNative::Get().GetCheckBoxSize(this).GetWidth() + 2 * MarginOfBox : 0;
-    return widest + box + 2 * MarginOfText;
+    return widest + (column == 0 ? BoxWidth() : 0) + 2 * MarginOfText;
+}
+
+int CQOXRMListCtrlEx::BoxWidth() const
+{
+    // Asked for the size of what it draws, the toolkit takes no window that it may not change.
+    auto* const window = const_cast<CQOXRMListCtrlEx*>(this);
+    return wxRendererNative::Get().GetCheckBoxSize(window).GetWidth() + 2 * MarginOfBox;
 }
 
 bool CQOXRMListCtrlEx::IsTicked(int row) const
@@ -263,15 +263,20 @@ void CQOXRMListCtrlEx::DeselectAll()
         return;
     }
     const RowSelection selection(*this);
-    // All at once, without an event for each.
-    const bool filling = std::exchange(m_filling, true);
-    SetItemState(-1, 0, wxLIST_STATE_SELECTED);
-    m_filling = filling;
+    SetAllSelected(false);
     const RowChanges::Command command(m_changes);
     for (const long row : selection.Selected())
     {
         NoteChange(static_cast<int>(row));
     }
+}
+
+void CQOXRMListCtrlEx::SetAllSelected(bool selected)
+{
+    // All at once, without an event for each.
+    const bool filling = std::exchange(m_filling, true);
+    SetItemState(-1, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+    m_filling = filling;
 }
 
 int CQOXRMListCtrlEx::SelectedCount() const
@@ -293,10 +298,7 @@ void CQOXRMListCtrlEx::SelectAll()
     {
         wasSelected.at(static_cast<std::size_t>(row)) = true;
     }
-    // All at once, without an event for each.
-    const bool filling = std::exchange(m_filling, true);
-    SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
-    m_filling = filling;
+    SetAllSelected(true);
     {
         const RowChanges::Command command(m_changes);
         for (int row = 0; row < RowCount(); ++row)

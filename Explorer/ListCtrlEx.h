@@ -119,14 +119,17 @@ private:
     void NoteChange(int row);
     int RowAt(const wxMouseEvent& event) const;
     bool IsOnBox(const wxMouseEvent& event, int row) const;
+    int BoxWidth() const;
     void FinishClick();
     void SelectTo(int row, bool keepOthers);
+    void SetAllSelected(bool selected);
     void ScrollIntoView(int row);
     void ToggleSelected();
     void FocusAnyRow();
-    void SortRows();
     int FittingWidth(int column);
     int MeasureText(const std::wstring& text);
+
+    static constexpr int SelectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
 
     RuleRowTable m_rows;
     RowChanges m_changes;

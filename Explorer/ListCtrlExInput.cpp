@@ -3,15 +3,11 @@
 #include "Explorer/ListCtrlEx.h"
 #include "Explorer/RowSelection.h"
 
-#include <wx/renderer.h>
-
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-
-constexpr int SelectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
 
 bool MovesFocus(int key)
 {
@@ -199,11 +195,9 @@ int CQOXRMListCtrlEx::RowAt(const wxMouseEvent& event) const
 
 bool CQOXRMListCtrlEx::IsOnBox(const wxMouseEvent& event, int row) const
 {
-    constexpr int MarginOfBox = 5; // on either side
     wxRect rect;
     GetItemRect(row, rect);
-    const int boxWidth = wxRendererNative::Get().GetCheckBoxSize(const_cast<CQOXRMListCtrlEx*>(this)).GetWidth();
-    return event.GetX() < rect.GetLeft() + boxWidth + 2 * MarginOfBox;
+    return event.GetX() < rect.GetLeft() + BoxWidth();
 }
 
 void CQOXRMListCtrlEx::FinishClick()

@@ -13,7 +13,6 @@ public:
 
     /// Numbers of the selected rows, from the top.
     const std::vector<long>& Selected() const { return m_selected; }
-    long Focused() const { return m_focused; }
 
     /// Selects the same rows again; `formerRows` has the former number of each row.
     void Restore(wxListCtrl& list, const std::vector<int>& formerRows) const;
