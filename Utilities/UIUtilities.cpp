@@ -2,6 +2,7 @@
 
 #include "Utilities/EnumEngine.h"
 #include "Utilities/Texts.h"
+#include "Utilities/ValueText.h"
 
 #include <Vantrel/RuleUnits.h>
 
@@ -10,17 +11,6 @@
 
 namespace
 {
-
-struct Operator
-{
-    std::int32_t value;
-    const wchar_t* text;
-};
-
-constexpr std::array Operators = {
-    Operator{ 1, L"RANGE" }, Operator{ 3, L"=" },  Operator{ 5, L"<" },
-    Operator{ 6, L">" },     Operator{ 7, L">=" }, Operator{ 8, L"<=" },
-};
 
 /// The short form of the unit with a number.
 struct ShortForm
@@ -94,13 +84,9 @@ void CUIUtilities::ReplaceColor(std::span<std::uint8_t> pixels, std::uint32_t ne
 
 void CUIUtilities::OperatorText(std::int32_t value, std::wstring& text)
 {
-    for (const Operator& known : Operators)
+    if (const std::wstring known = GetOperatorText(value); !known.empty())
     {
-        if (known.value == value)
-        {
-            text = known.text;
-            return;
-        }
+        text = known;
     }
 }
 
