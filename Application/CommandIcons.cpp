@@ -7,7 +7,6 @@
 #include <wx/settings.h>
 
 #include <algorithm>
-#include <string>
 
 namespace
 {
@@ -40,30 +39,38 @@ const char* IconNameIn(const Table& table, int command)
     return found == table.end() ? nullptr : found->icon;
 }
 
-void ReplaceAll(std::string& text, std::string_view what, std::string_view with)
+const IconSource* FindSource(std::string_view name)
 {
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
-    {
-        text.replace(at, what.size(), with);
-    }
+    const auto* const source = std::find_if(IconSources.begin(), IconSources.end(),
+                                            [name](const IconSource& icon) { return icon.name == name; });
+    return source == IconSources.end() ? nullptr : source;
+}
+
+wxString TextOf(std::string_view utf8)
+{
+    return wxString::FromUTF8(utf8.data(), utf8.size());
+}
+
+wxBitmapBundle Picture(const wxString& svg, int size)
+{
+    return wxBitmapBundle::FromSVG(svg.utf8_str(), wxSize(size, size));
 }
 
 } // namespace
 
 wxBitmapBundle NamedIcon(std::string_view name, const wxColour& ink)
 {
-    const auto* const source = std::find_if(IconSources.begin(), IconSources.end(),
-                                            [name](const IconSource& icon) { return icon.name == name; });
-    if (source == IconSources.end())
+    const IconSource* const source = FindSource(name);
+    if (source == nullptr)
     {
         return {};
     }
     const wxColour lines = ink.IsOk() ? ink : wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
-    std::string svg(source->svg);
+    wxString svg = TextOf(source->svg);
     // The accent first: the colour of the lines may be any, the one of accents too.
-    ReplaceAll(svg, IconAccent, lines.GetLuminance() > LightInk ? AccentOnDark : AccentOnLight);
-    ReplaceAll(svg, IconInk, lines.GetAsString(wxC2S_HTML_SYNTAX).ToStdString());
-    return wxBitmapBundle::FromSVG(svg.c_str(), wxSize(IconUnits, IconUnits));
+    svg.Replace(TextOf(IconAccent), TextOf(lines.GetLuminance() > LightInk ? AccentOnDark : AccentOnLight));
+    svg.Replace(TextOf(IconInk), lines.GetAsString(wxC2S_HTML_SYNTAX));
+    return Picture(svg, IconUnits);
 }
 
 wxBitmapBundle CommandIcon(int command, const wxColour& ink)
@@ -78,10 +85,8 @@ wxBitmapBundle CommandIcon(int command, const wxColour& ink)
 
 wxBitmapBundle ProgramPicture(int size)
 {
-    const auto* const source = std::find_if(IconSources.begin(), IconSources.end(),
-                                            [](const IconSource& icon) { return icon.name == "program"; });
-    return source == IconSources.end() ? wxBitmapBundle()
-                                       : wxBitmapBundle::FromSVG(std::string(source->svg).c_str(), wxSize(size, size));
+    const IconSource* const source = FindSource("program");
+    return source == nullptr ? wxBitmapBundle() : Picture(TextOf(source->svg), size);
 }
 
 wxIconBundle ProgramIcons()
