@@ -12,8 +12,6 @@ namespace ModuleChecker
 namespace
 {
 
-constexpr std::int32_t HighestCriticality = 5;
-
 double AnotherNumber(const CQoxParamStorage& parameter)
 {
     for (const double end : { parameter.dMaximum, parameter.dMinimum })

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,10 @@ namespace ModuleChecker
 
 class CheckReport;
 struct RuleModuleExports;
+
+/// The range of criticalities.
+inline constexpr std::int32_t LowestCriticality = 1;
+inline constexpr std::int32_t HighestCriticality = 5;
 
 /// A rule that the module made, and where findings about it are.
 struct OfferedRule

@@ -1,5 +1,7 @@
 #include "ModuleChecker/RuleCheck.h"
 
+#include "ModuleChecker/OfferedRule.h"
+
 #include <Vantrel/QoxRule.h>
 
 #include <algorithm>
@@ -11,9 +13,6 @@ namespace ModuleChecker
 {
 namespace
 {
-
-constexpr std::int32_t LowestCriticality = 1;
-constexpr std::int32_t HighestCriticality = 5;
 
 struct TextMember
 {

@@ -8,9 +8,8 @@
 #include <list>
 #include <string>
 
-/// Names of the exports that a rule module must have, and of those that it may have.
+/// Names of the exports that a rule module must have.
 inline constexpr std::array RequiredOfRuleModules = { "GetAllRules", "GetRule", "SetXMLDoc", "SetDBModuleList" };
-inline constexpr std::array OptionalOfRuleModules = { "GetModuleName", "GetModuleSummary", "DeleteRule" };
 
 /// Names of the exports that a database module must have.
 inline constexpr std::array RequiredOfDatabaseModules = { "GetDbInterface", "DeleteDbInterface" };
