@@ -67,7 +67,6 @@ CHyperLink::CHyperLink(wxWindow* parent, wxWindowID id, const wxString& text, co
                  Refresh();
              });
     }
-    InvalidateBestSize();
     SetInitialSize();
 }
 
@@ -82,19 +81,19 @@ CHyperLink::~CHyperLink()
 void CHyperLink::SetNormalColour(LinkColour colour)
 {
     m_state.normal = colour;
-    ShowState();
+    Refresh();
 }
 
 void CHyperLink::SetHoverColour(LinkColour colour)
 {
     m_state.hover = colour;
-    ShowState();
+    Refresh();
 }
 
 void CHyperLink::SetVisitedColour(LinkColour colour)
 {
     m_state.visitedColour = colour;
-    ShowState();
+    Refresh();
 }
 
 void CHyperLink::AdaptColoursToWindow()
@@ -105,7 +104,7 @@ void CHyperLink::AdaptColoursToWindow()
         m_state.normal = MakeLinkColour(138, 180, 248);
         m_state.hover = MakeLinkColour(255, 138, 128);
         m_state.visitedColour = MakeLinkColour(197, 138, 249);
-        ShowState();
+        Refresh();
     }
 }
 
@@ -115,11 +114,6 @@ void CHyperLink::SetLabel(const wxString& label)
     SetName(GetLabelText());
     NameForScreenReaders(*this, GetName());
     InvalidateBestSize();
-    ShowState();
-}
-
-void CHyperLink::ShowState()
-{
     Refresh();
 }
 
@@ -135,7 +129,7 @@ void CHyperLink::OnMouseMoved(const wxPoint& place)
         return;
     }
     m_state.mouseIsOver = true;
-    ShowState();
+    Refresh();
     if (!HasCapture())
     {
         CaptureMouse();
@@ -151,7 +145,7 @@ void CHyperLink::OnMouseLeft()
     if (m_state.mouseIsOver)
     {
         m_state.mouseIsOver = false;
-        ShowState();
+        Refresh();
     }
 }
 
@@ -162,7 +156,7 @@ bool CHyperLink::Click()
         ReleaseMouse(); // a dialog that the parent shows needs it
     }
     m_state.visited = true;
-    ShowState();
+    Refresh();
     if (!m_state.notifiesParent)
     {
         return Platform::OpenWithDesktop(m_target.ToStdWstring());

@@ -55,7 +55,6 @@ private:
     void OnPaint(wxPaintEvent& event);
     void OnMouseMoved(const wxPoint& place);
     void OnMouseLeft();
-    void ShowState();
 
     wxString m_target;
     HyperLinkState m_state;

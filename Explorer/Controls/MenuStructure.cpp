@@ -1,20 +1,8 @@
 #include "Explorer/Controls/MenuStructure.h"
 
-#include <cwctype>
+#include "Platform/Text.h"
 
-namespace
-{
-
-std::wstring LowerCase(std::wstring text)
-{
-    for (wchar_t& character : text)
-    {
-        character = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
-    }
-    return text;
-}
-
-} // namespace
+#include <cstddef>
 
 MenuCaption SplitMenuCaption(const std::wstring& caption)
 {
@@ -39,12 +27,12 @@ std::uint32_t FindMenuChar(wchar_t character, std::uint32_t flags, const std::ve
     {
         return 0;
     }
-    const std::wstring letter = LowerCase({ L'&', character });
+    const std::wstring letter = Platform::ToLower(std::wstring{ L'&', character });
     for (std::size_t index = 0; index < items.size(); ++index)
     {
         const MenuCaption& item = *items[index];
         const bool hasKey = !item.keyText.empty() && item.keyCode == static_cast<std::int32_t>(character);
-        if (hasKey || LowerCase(item.text).find(letter) != std::wstring::npos)
+        if (hasKey || Platform::ToLower(item.text).find(letter) != std::wstring::npos)
         {
             return MenuCharExecutes << 16U | static_cast<std::uint32_t>(index & 0xFFFFU);
         }
