@@ -147,11 +147,20 @@ void FrameBars::FitToDocks()
         return;
     }
     m_fitting = true;
-    bool changed = false;
+    const bool stripChanged = FitStrip();
+    const bool secondChanged = FitSecondBar();
+    if (stripChanged || secondChanged)
+    {
+        m_manager.Update();
+    }
+    m_fitting = false;
+}
 
+bool FrameBars::FitStrip()
+{
     wxAuiPaneInfo& strip = PaneOf(*m_strip);
-    const bool stripAtSide = IsSide(strip);
-    m_strip->SetVertical(stripAtSide || strip.IsFloating());
+    const bool atSide = IsSide(strip);
+    m_strip->SetVertical(atSide || strip.IsFloating());
     wxSize room = m_frame.GetClientSize();
     if (m_strip->GetSize().GetWidth() >= m_strip->FloatingSize().GetWidth())
     {
@@ -159,41 +168,37 @@ void FrameBars::FitToDocks()
     }
     const wxSize wanted = m_strip->WantedSize(room);
     // Only one side of the strip is its own; the other is that of the frame.
-    const wxSize least = stripAtSide ? wxSize(wanted.GetWidth(), 0) : wxSize(0, wanted.GetHeight());
-    if (strip.IsDocked() && strip.min_size != least)
+    const wxSize least = atSide ? wxSize(wanted.GetWidth(), 0) : wxSize(0, wanted.GetHeight());
+    if (!strip.IsDocked() || strip.min_size == least)
     {
-        strip.BestSize(wanted).MinSize(least).GripperTop(stripAtSide);
-        strip.Position(0); // where it was dropped is no reason for a gap
-        changed = true;
+        return false;
     }
+    strip.BestSize(wanted).MinSize(least).GripperTop(atSide);
+    strip.Position(0); // where it was dropped is no reason for a gap
+    return true;
+}
 
+bool FrameBars::FitSecondBar()
+{
     wxAuiPaneInfo& second = PaneOf(*m_secondBar);
-    const bool secondAtSide = IsSide(second);
-    const long style = m_secondBar->GetWindowStyleFlag();
-    if (secondAtSide == m_secondBar->IsVertical())
+    const bool atSide = IsSide(second);
+    if (atSide == m_secondBar->IsVertical())
     {
         const wxSize best = m_secondBar->GetBestSize();
-        if (second.best_size != best)
+        if (second.best_size == best)
         {
-            second.BestSize(best).MinSize(best);
-            changed = true;
+            return false;
         }
+        second.BestSize(best).MinSize(best);
+        return true;
     }
-    else
-    {
-        m_secondBar->SetWindowStyleFlag(secondAtSide ? (style & ~wxTB_HORIZONTAL) | wxTB_VERTICAL
-                                                     : (style & ~wxTB_VERTICAL) | wxTB_HORIZONTAL);
-        m_secondBar->Realize();
-        m_secondBar->InvalidateBestSize();
-        const wxSize best = m_secondBar->GetBestSize();
-        second.BestSize(best).MinSize(best).FloatingSize(best).GripperTop(secondAtSide);
-        changed = true;
-    }
-    if (changed)
-    {
-        m_manager.Update();
-    }
-    m_fitting = false;
+    const long style = m_secondBar->GetWindowStyleFlag() & ~(wxTB_HORIZONTAL | wxTB_VERTICAL);
+    m_secondBar->SetWindowStyleFlag(style | (atSide ? wxTB_VERTICAL : wxTB_HORIZONTAL));
+    m_secondBar->Realize();
+    m_secondBar->InvalidateBestSize();
+    const wxSize best = m_secondBar->GetBestSize();
+    second.BestSize(best).MinSize(best).FloatingSize(best).GripperTop(atSide);
+    return true;
 }
 
 bool FrameBars::IsSecondToolBarShown() const

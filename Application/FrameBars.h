@@ -42,6 +42,9 @@ private:
     void MakeSecondToolBar();
     void AddPanes();
     void FitToDocks();
+    // True if the manager has to lay its panes out again.
+    bool FitStrip();
+    bool FitSecondBar();
     bool HoldsKeyboard(const wxWindow& pane) const;
     wxAuiPaneInfo& PaneOf(wxWindow& bar) { return m_manager.GetPane(&bar); }
 
