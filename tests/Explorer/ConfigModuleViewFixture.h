@@ -22,6 +22,7 @@
 #include <wx/init.h>
 #include <wx/memconf.h>
 #include <wx/menu.h>
+#include <wx/timer.h>
 #include <wx/uiaction.h>
 
 #include <memory>
@@ -57,6 +58,39 @@ inline void NoteEdit(CQoxRule& rule)
     rule.m_nCriticality = 5;
     rule.m_strSummary = L"edited";
 }
+
+/// Closes the menus that open in a window, as a user does, and notes how many items each has. It
+/// must live as long as menus open.
+class MenuWatch
+{
+public:
+    explicit MenuWatch(wxWindow& window)
+    {
+        // A menu holds up whoever opens it until it is closed, and a key that comes ahead of it is lost.
+        constexpr int KeyIsLostMilliseconds = 200;
+        m_closing.Bind(wxEVT_TIMER, [](wxTimerEvent&) { wxUIActionSimulator().Char(WXK_ESCAPE); });
+        window.Bind(wxEVT_MENU_OPEN,
+                    [this](wxMenuEvent& event)
+                    {
+                        m_items.push_back(static_cast<int>(event.GetMenu()->GetMenuItemCount()));
+                        m_closing.Start(KeyIsLostMilliseconds);
+                    });
+        window.Bind(wxEVT_MENU_CLOSE,
+                    [this](wxMenuEvent&)
+                    {
+                        m_closing.Stop();
+                        ++m_closed;
+                    });
+    }
+
+    const std::vector<int>& Items() const { return m_items; }
+    int Closed() const { return m_closed; }
+
+private:
+    wxTimer m_closing;
+    std::vector<int> m_items; // of each menu that was opened
+    int m_closed = 0;
+};
 
 /// A view with a document in a window of its own, with a user at mouse and keyboard.
 class ConfigModuleViewTest : public testing::Test

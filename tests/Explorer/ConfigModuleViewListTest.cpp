@@ -66,16 +66,11 @@ TEST_F(ConfigModuleViewTest, ARightClickOnAHeadingOpensTheMenuOfTheHeadingsAlone
 {
     New();
     TakeKeys();
-    std::vector<int> items; // of each menu that was opened
-    frame->Bind(wxEVT_MENU_OPEN, [&items](wxMenuEvent& event)
-                { items.push_back(static_cast<int>(event.GetMenu()->GetMenuItemCount())); });
+    const MenuWatch menus(*frame);
     user.MouseMove(BorderOf(0) - wxPoint(30, 0));
     user.MouseClick(wxMOUSE_BTN_RIGHT);
-    user.Char(WXK_ESCAPE); // the menu holds the events up until it is closed
-    EXPECT_TRUE(WaitFor([&] { return !items.empty(); }));
-    user.Char(WXK_ESCAPE);
-    wxYield();
-    EXPECT_EQ(items, std::vector<int>{ 1 });
+    EXPECT_TRUE(WaitFor([&] { return menus.Closed() > 0; }));
+    EXPECT_EQ(menus.Items(), std::vector<int>{ 1 });
 }
 
 TEST_F(ConfigModuleViewTest, WhatIsTypedToFindARuleIsShownInTheStatusAndThenTheCountsAgain)
