@@ -4,29 +4,21 @@
 
 #include "Application/Commands.h"
 #include "Application/IconSources.h"
+#include "tests/Support/WindowTest.h"
 
 #include <gtest/gtest.h>
 
-#include <wx/app.h>
 #include <wx/image.h>
-#include <wx/init.h>
 
-#include <memory>
 #include <set>
 #include <string>
 
 namespace
 {
 
-class CommandIconsTest : public testing::Test
+class CommandIconsTest : public WindowTest
 {
 protected:
-    CommandIconsTest()
-    {
-        wxApp::SetInstance(new wxApp); // owned by the toolkit
-        toolkit = std::make_unique<wxInitializer>();
-    }
-
     /// Colours of the points that are not mixed with the background.
     static std::set<std::string> SolidColours(const wxBitmapBundle& picture, int size)
     {
@@ -45,8 +37,6 @@ protected:
         }
         return colours;
     }
-
-    std::unique_ptr<wxInitializer> toolkit;
 };
 
 TEST_F(CommandIconsTest, EveryCommandHasAPicture)

@@ -1,6 +1,7 @@
 // The rule editor as a real window.
 
 #include "Explorer/RuleEditorDlg.h"
+#include "tests/Support/WindowTest.h"
 #include "Utilities/Texts.h"
 
 #include <Vantrel/ConcreteQOXRule.h>
@@ -14,7 +15,6 @@
 #include <wx/combobox.h>
 #include <wx/config.h>
 #include <wx/frame.h>
-#include <wx/init.h>
 #include <wx/memconf.h>
 #include <wx/persist.h>
 #include <wx/scrolwin.h>
@@ -31,13 +31,11 @@
 namespace
 {
 
-class RuleEditorDlgTest : public testing::Test
+class RuleEditorDlgTest : public WindowTest
 {
 protected:
     RuleEditorDlgTest()
     {
-        wxApp::SetInstance(new wxApp); // owned by the toolkit
-        toolkit = std::make_unique<wxInitializer>();
         delete wxConfigBase::Set(new wxMemoryConfig);
         rule.m_strDisplayName = L"Corners & Radii";
         rule.m_strSummary = L"Finds corners that are sharp.";
@@ -153,7 +151,6 @@ protected:
     }
     static wxString CriticalityField() { return wxControl::RemoveMnemonics(LoadText(TextId::EditorCriticality)); }
 
-    std::unique_ptr<wxInitializer> toolkit;
     ConcreteQOXRule rule;
     std::unique_ptr<RuleEditorDlg> dialog;
 };

@@ -5,6 +5,7 @@
 #include "tests/RuleModules/LoadedModule.h"
 #include "tests/Support/ShownDialog.h"
 #include "tests/Support/StockLibraries.h"
+#include "tests/Support/WindowTest.h"
 
 #include <Vantrel/FrameworkFunctions.h>
 #include <Vantrel/QoxRule.h>
@@ -12,9 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include <wx/app.h>
 #include <wx/config.h>
-#include <wx/init.h>
 #include <wx/memconf.h>
 
 #include <list>
@@ -25,13 +24,11 @@
 namespace
 {
 
-class StockRuleEditorTest : public testing::TestWithParam<std::string>
+class StockRuleEditorTest : public WindowTest, public testing::WithParamInterface<std::string>
 {
 protected:
     StockRuleEditorTest()
     {
-        wxApp::SetInstance(new wxApp); // owned by the toolkit
-        toolkit = std::make_unique<wxInitializer>();
         delete wxConfigBase::Set(new wxMemoryConfig);
         ::SetXMLDoc(&document);
     }
@@ -70,7 +67,6 @@ protected:
         EXPECT_EQ(result, wxID_OK);
     }
 
-    std::unique_ptr<wxInitializer> toolkit;
     QoxXMLDocument document;
 };
 
