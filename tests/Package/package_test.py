@@ -13,10 +13,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "Program"))
-import program_test  # noqa: E402  pylint: disable=wrong-import-position
-
-read_bytes = program_test.read_bytes
-xdotool = program_test.xdotool
+from program_case import ProgramCase, read_bytes, xdotool  # noqa: E402  pylint: disable=wrong-import-position
 
 BUILD = ""
 SOURCE = ""
@@ -42,7 +39,7 @@ def files_below(folder, *endings):
                 yield os.path.join(path, name)
 
 
-class PackageTest(program_test.ProgramTest):
+class PackageTest(ProgramCase):
     def setUp(self):
         super().setUp()
         self.home = self.environment["HOME"]
@@ -198,5 +195,5 @@ class PackageTest(program_test.ProgramTest):
 
 if __name__ == "__main__":
     BUILD, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:3])
-    program_test.PROGRAM = os.path.join(BUILD, "stage", "bin", "VantrelRuleBuilderu")
+    ProgramCase.program = os.path.join(BUILD, "stage", "bin", "VantrelRuleBuilderu")
     unittest.main(argv=[sys.argv[0], *sys.argv[3:]])

@@ -1,22 +1,21 @@
 """Starts the real program with assistive technology on and looks at what a screen reader is told.
 
 Usage: accessibility_test.py <program> <samples folder> [unittest arguments]
-Needs what program_test.py needs, a D-Bus daemon, the accessibility bus and PyGObject.
+Needs what other tests of the program need, a D-Bus daemon, the accessibility bus and PyGObject.
 """
 
 import os
 import re
-import sys
 import unittest
 
 import accessible_tree
-import program_test
+import program_case
 from accessible_tree import STATE_FOCUSABLE, STATE_SHOWING
 
 MAIN_WINDOW = "^milled-bracket.vrf"
 
 
-class AccessibilityTest(program_test.ProgramTest):
+class AccessibilityTest(program_case.ProgramCase):
     def setUp(self):
         super().setUp()
         for name in ("NO_AT_BRIDGE", "GTK_A11Y"):
@@ -175,11 +174,5 @@ class UnnamedTest(unittest.TestCase):
         self.assertEqual(accessible_tree.unnamed(Part("combo box", "feet", values, labels=["Linear unit:"])), [])
 
 
-# The other tests of the program don't run once more here.
-for inherited in dir(program_test.ProgramTest):
-    if inherited.startswith("test_"):
-        setattr(AccessibilityTest, inherited, None)
-
 if __name__ == "__main__":
-    program_test.PROGRAM, program_test.SAMPLES = (os.path.abspath(argument) for argument in sys.argv[1:3])
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    program_case.main()
