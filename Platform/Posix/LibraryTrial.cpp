@@ -22,9 +22,9 @@ constexpr unsigned int FirstFileOfOurs = 3;
 
 enum Outcome : int
 {
-    Loaded = 0,
     NotLoaded = 1,
     LibraryEndedTheProcess = 2,
+    Loaded = 93, // a library that ends its process at once may do so with success
 };
 
 /// Cuts the new process off from all that it shares with the program: files and sockets that

@@ -12,7 +12,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 namespace
 {
@@ -43,9 +45,9 @@ protected:
     }
 
     /// Copies a module for tests to where a test wants it, with the system's suffix.
-    void CopyModule(const std::wstring& name, const std::wstring& to) const
+    static void CopyModule(const std::wstring& name, const std::wstring& to) { CopyLibrary(TestModulePath(name), to); }
+    static void CopyLibrary(const std::wstring& from, const std::wstring& to)
     {
-        const std::wstring from = TestModulePath(name);
         std::filesystem::copy_file(Platform::NativePath(from.substr(0, from.size() - 4) + Platform::LibrarySuffix),
                                    Platform::NativePath(to));
     }
@@ -200,12 +202,19 @@ TEST_F(ModuleRegistrationTest, ALibraryThatDoesHarmAsItIsLoadedIsAnInvalidModule
 {
     ModuleRegistration registration = Register();
     for (const wchar_t* const name :
-         { L"ModuleThatAborts", L"ModuleThatCrashes", L"ModuleThatExits", L"ModuleThatThrows" })
+         { L"ModuleThatAborts", L"ModuleThatCrashes", L"ModuleThatExits", L"ModuleThatLeaves", L"ModuleThatThrows" })
     {
-        EXPECT_EQ(registration.Add(BrokenModule(name), std::nullopt), nullptr);
-        EXPECT_EQ(m_prompt.texts.back(), FormatText(TextId::ModuleInvalid, { ToLower(BrokenModule(name)) }));
+        // In another process: one that is ended with success would seem to have passed.
+        constexpr int Refused = 42;
+        const std::vector told = { FormatText(TextId::ModuleInvalid, { ToLower(BrokenModule(name)) }) };
+        EXPECT_EXIT(
+            {
+                const auto* const added = registration.Add(BrokenModule(name), std::nullopt);
+                std::_Exit(added == nullptr && m_prompt.texts == told ? Refused : 1);
+            },
+            testing::ExitedWithCode(Refused), "")
+            << name;
     }
-    EXPECT_EQ(m_prompt.texts.size(), 4u);
 }
 
 TEST_F(ModuleRegistrationTest, WhateverIsRefusedTheConfigurationFileStaysAsItIs)
@@ -215,20 +224,20 @@ TEST_F(ModuleRegistrationTest, WhateverIsRefusedTheConfigurationFileStaysAsItIs)
     WriteBytes(m_config, before);
     WriteBytes(m_folder.File(L"text.dll"), "this is no library");
     ASSERT_TRUE(Platform::MakeFolder(m_folder.File(L"folder.dll")));
-    const std::vector<std::wstring> paths = {
-        BrokenModule(L"ModuleThatCrashes"),
-        m_folder.File(L"text.dll"),
-        m_folder.File(std::wstring(400, L'x') + L".dll"),
-        m_folder.File(L"folder.dll"),
-        m_folder.Path(),
-        TestModulePath(Database),
+    const std::vector<std::pair<std::wstring, TextId>> paths = {
+        { BrokenModule(L"ModuleThatCrashes"), TextId::ModuleInvalid },
+        { m_folder.File(L"text.dll"), TextId::ModuleInvalid },
+        { m_folder.File(std::wstring(400, L'x') + L".dll"), TextId::ModuleFileInvalid },
+        { m_folder.File(L"folder.dll"), TextId::ModuleFileInvalid },
+        { m_folder.Path(), TextId::ModuleFileInvalid },
+        { TestModulePath(Database), TextId::ModuleInvalid },
     };
     {
         ModuleRegistration registration = Register();
-        for (const std::wstring& path : paths)
+        for (const auto& [path, message] : paths)
         {
             EXPECT_EQ(registration.Add(path, std::nullopt), nullptr);
-            EXPECT_THAT(m_prompt.texts.back(), HasSubstr(ToLower(path))) << "the message names it";
+            EXPECT_EQ(m_prompt.texts.back(), FormatText(message, { ToLower(path) }));
         }
         EXPECT_EQ(m_prompt.kinds, std::vector(paths.size(), BoxKind::Error));
         EXPECT_EQ(ReadBytes(m_config), before);
@@ -291,6 +300,7 @@ TEST_F(ModuleRegistrationTest, DefaultModulesAreOfferedByNameIfTheyLoadAndHaveOn
     CopyModule(Complete, m_folder.File(L"QoxMillRulesu.so"));
     CopyModule(L"TestModuleNoName", m_folder.File(L"QoxRPRulesu.so"));
     WriteBytes(m_folder.File(L"QOXIMRulesu.so"), "no library");
+    CopyLibrary(BrokenModule(L"ModuleThatCrashes"), m_folder.File(L"QOXSMRulesu.so"));
     ModuleRegistration registration = Register();
     EXPECT_EQ(registration.DefaultNames(),
               (std::vector<std::wstring>{ L"Complete Test Module", L"Second Test Module" }));
