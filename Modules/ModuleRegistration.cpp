@@ -128,11 +128,13 @@ Platform::LibraryHandle ModuleRegistration::AddModule(const std::wstring& typedP
     {
         return refuseConfigured();
     }
-    if (!CanBeConfiguredModule(path))
+    // A bare name is looked for elsewhere when it is loaded. What was found is meant.
+    const std::wstring fullPath = Platform::AbsolutePath(path);
+    if (!CanBeConfiguredModule(fullPath))
     {
         return Refuse(TextId::PathNotStorable, path);
     }
-    const Platform::LibraryHandle module = LoadModule(path);
+    const Platform::LibraryHandle module = LoadModule(fullPath);
     if (!m_kind.isValid(module))
     {
         Platform::ReleaseLibrary(module);

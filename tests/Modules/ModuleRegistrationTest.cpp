@@ -28,6 +28,19 @@ constexpr const wchar_t* Second = L"TestModuleSecond";
 constexpr const wchar_t* Database = L"TestDatabaseComplete";
 const std::wstring Separator(1, Platform::PathSeparator);
 
+/// Makes a folder the current one, and the former one again at the end.
+class CurrentFolder
+{
+public:
+    explicit CurrentFolder(const std::wstring& folder) { std::filesystem::current_path(Platform::NativePath(folder)); }
+    ~CurrentFolder() { std::filesystem::current_path(m_before); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+private:
+    std::filesystem::path m_before = std::filesystem::current_path();
+};
+
 class ModuleRegistrationTest : public ModuleSetFixture
 {
 protected:
@@ -167,6 +180,30 @@ TEST_F(ModuleRegistrationTest, ATextFileNamedLikeALibraryIsAnInvalidModule)
         EXPECT_EQ(m_prompt.texts.back(), FormatText(TextId::ModuleInvalid, { ToLower(path) }));
         EXPECT_THAT(Log(), HasSubstr("Tried to configure invalid module " + Platform::ToCodePage(ToLower(path))));
     }
+}
+
+TEST_F(ModuleRegistrationTest, ANameWithoutAFolderMeansTheFileInTheCurrentFolder)
+{
+    CopyModule(Complete, m_folder.File(L"mine.so"));
+    const CurrentFolder current(m_folder.Path());
+    ModuleRegistration registration = Register();
+    const Platform::LibraryHandle added = registration.Add(L"Mine.dll", std::nullopt);
+    ASSERT_NE(added, nullptr);
+    EXPECT_EQ(ModuleRegistration::PathOf(added), m_folder.File(L"mine.dll"));
+    EXPECT_EQ(registration.Add(L"mine.dll", std::nullopt), nullptr);
+    EXPECT_EQ(m_prompt.texts, std::vector{ FormatText(TextId::ModuleConfiguredAlready, { L"mine.dll" }) });
+    registration.Discard();
+}
+
+TEST_F(ModuleRegistrationTest, ANameWithoutAFolderIsRefusedInAFolderThatTheConfigurationFileCanNotHold)
+{
+    const std::wstring folder = m_folder.File(L"plug [in]");
+    ASSERT_TRUE(Platform::MakeFolder(folder));
+    CopyModule(Complete, folder + Separator + L"mine.so");
+    const CurrentFolder current(folder);
+    ModuleRegistration registration = Register();
+    EXPECT_EQ(registration.Add(L"mine.dll", std::nullopt), nullptr);
+    EXPECT_EQ(m_prompt.texts, std::vector{ FormatText(TextId::PathNotStorable, { L"mine.dll" }) });
 }
 
 TEST_F(ModuleRegistrationTest, ANameWithTheSuffixInItsMiddleIsTreatedAsALibrary)
