@@ -138,6 +138,7 @@ void CHyperLink::OnMouseMoved(const wxPoint& place)
 
 void CHyperLink::OnMouseLeft()
 {
+    m_pressed = false; // the button may come up where the link isn't told
     if (HasCapture())
     {
         ReleaseMouse();

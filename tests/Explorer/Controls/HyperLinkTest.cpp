@@ -170,6 +170,26 @@ TEST_F(HyperLinkTest, AClickThatEndsBesideTheLinkIsNone)
     EXPECT_FALSE(link->IsVisited());
 }
 
+TEST_F(HyperLinkTest, ADragThatBeginsElsewhereAndEndsOnTheLinkIsNoClick)
+{
+    link->SetNotifyParent(true);
+    const auto send = [this](wxEventType type)
+    {
+        wxMouseEvent event(type);
+        event.SetEventObject(link);
+        event.SetPosition({ 10, 5 });
+        link->ProcessWindowEvent(event);
+    };
+    send(wxEVT_LEFT_DOWN);
+    send(wxEVT_LEAVE_WINDOW); // the button comes up where the link isn't told
+    send(wxEVT_LEFT_UP);
+    EXPECT_TRUE(told.empty());
+    EXPECT_FALSE(link->IsVisited());
+    send(wxEVT_LEFT_DOWN);
+    send(wxEVT_LEFT_UP);
+    EXPECT_EQ(told.size(), 1U);
+}
+
 TEST_F(HyperLinkTest, TheKeyboardReachesItByTabAndClicksItWithReturnAndTheSpaceBar)
 {
     ShowAndTellParent();
