@@ -6,6 +6,8 @@
 #include "tests/Support/ShownDialog.h"
 #include "tests/Support/TestFiles.h"
 
+#include <Vantrel/VantrelLog.h>
+
 #include <wx/app.h>
 #include <wx/button.h>
 #include <wx/init.h>
@@ -125,6 +127,33 @@ TEST_F(RuleRegDlgTest, AtFirstTheModulesAreListedAndNothingIsToBeConfirmed)
     EXPECT_FALSE(Add().IsEnabled());
     EXPECT_TRUE(Remove().IsEnabled());
     EXPECT_EQ(Default(), &Add());
+}
+
+TEST_F(RuleRegDlgTest, AColumnIsAsWideAsItsLongestNameWithATenthMore)
+{
+    Make({ Complete });
+    const int text = Defaults().GetTextExtent("Test Module Without Rules").GetWidth();
+    ASSERT_GT(text, Dialog().FromDIP(100));
+    EXPECT_EQ(Defaults().GetColumnWidth(0), static_cast<int>(text * 1.1));
+    ASSERT_LT(Configured().GetTextExtent("Complete Test Module").GetWidth(), Dialog().FromDIP(150));
+    EXPECT_EQ(Configured().GetColumnWidth(0), Dialog().FromDIP(150)) << "short names leave it as it is";
+}
+
+TEST_F(RuleRegDlgTest, EachStartOfTheDialogIsLogged)
+{
+    const std::wstring log = folder.File(L"log");
+    CVantrelLog::OpenLogFile(log);
+    Make({ Complete });
+    AddTyped(Second);
+    ClickOn(Reset());
+    registration.reset();
+    CVantrelLog::CloseLogFile();
+    const std::string lines = ReadBytes(log);
+    const auto first = lines.find("Rule Register Dialog initialized");
+    ASSERT_NE(first, std::string::npos);
+    const auto second = lines.find("Rule Register Dialog initialized", first + 1);
+    EXPECT_LT(lines.find("Configured new module"), second) << "Reset starts it again";
+    EXPECT_NE(lines.find("Rule Register Dialog Uninitialized", second), std::string::npos);
 }
 
 TEST_F(RuleRegDlgTest, TheFieldHasTheKeyboardAndReturnRemovesNothing)
