@@ -255,7 +255,8 @@ void CQOXRuleRegDlg::NoteChange()
 
 void CQOXRuleRegDlg::OnConfiguredSelection(wxListEvent& event)
 {
-    const bool anySelected = m_configured->GetSelectedItemCount() > 0;
+    // The toolkit's count still has rows that were selected when they were deleted.
+    const bool anySelected = FirstSelected(*m_configured) != -1;
     m_remove->Enable(anySelected);
     (anySelected ? m_remove : m_cancel)->SetDefault();
     if (event.GetEventType() == wxEVT_LIST_ITEM_SELECTED)

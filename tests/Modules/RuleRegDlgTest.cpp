@@ -248,6 +248,16 @@ TEST_F(RuleRegDlgTest, WithoutASelectionRemoveIsOffAndCancelTheDefault)
     EXPECT_EQ(Default(), &Remove());
 }
 
+TEST_F(RuleRegDlgTest, AfterModulesWereRemovedTheSelectionThatIsLeftCounts)
+{
+    Make({ Complete, Second });
+    ClickOn(Remove());
+    EXPECT_TRUE(Remove().IsEnabled());
+    Configured().SetItemState(0, 0, wxLIST_STATE_SELECTED);
+    EXPECT_FALSE(Remove().IsEnabled());
+    EXPECT_EQ(Default(), &Cancel());
+}
+
 TEST_F(RuleRegDlgTest, ResetReleasesWhatWasAddedAndStartsAgain)
 {
     Make({ Complete });
