@@ -131,6 +131,7 @@ wxSizer* CQOXRuleRegDlg::MakeLists()
         auto* const list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(width, ListHeight)),
                                           wxLC_REPORT | wxBORDER_THEME | style);
         list->EnableSystemTheme();
+        list->Bind(wxEVT_KEY_DOWN, &CQOXRuleRegDlg::OnKeyInList, this);
         NameForScreenReaders(*list, LoadText(label));
         column->Add(list, wxSizerFlags(1).Expand());
         columns.Add(column, wxSizerFlags(1).Expand());
@@ -263,6 +264,24 @@ void CQOXRuleRegDlg::OnConfiguredSelection(wxListEvent& event)
     {
         ShowModule(ModuleOfRow(*m_configured, event.GetIndex()));
         m_configured->EnsureVisible(event.GetIndex());
+    }
+}
+
+void CQOXRuleRegDlg::OnKeyInList(wxKeyEvent& event)
+{
+    const bool isReturn = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+    if (!isReturn || event.HasAnyModifiers())
+    {
+        event.Skip();
+        return;
+    }
+    // A list keeps the key for itself, and the rows that are selected are what the button is for.
+    auto* const button = wxDynamicCast(GetDefaultItem(), wxButton);
+    if (button != nullptr && button->IsEnabled())
+    {
+        wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+        click.SetEventObject(button);
+        button->Command(click);
     }
 }
 

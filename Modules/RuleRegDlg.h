@@ -32,6 +32,7 @@ private:
     void NoteChange();
 
     void OnConfiguredSelection(wxListEvent& event);
+    void OnKeyInList(wxKeyEvent& event);
     void OnDefaultSelected(wxListEvent& event);
     void OnNewModuleText(wxCommandEvent& event);
     void OnBrowse(wxCommandEvent& event);

@@ -5,6 +5,7 @@
 #include "tests/Document/TestApplication.h"
 #include "tests/Support/ShownDialog.h"
 #include "tests/Support/TestFiles.h"
+#include "tests/Support/WindowTest.h"
 
 #include <Vantrel/VantrelLog.h>
 
@@ -95,6 +96,16 @@ protected:
         ClickOn(Add());
     }
 
+    /// Presses Return, which is to end the dialog. It ends in any case, so that a test does too.
+    void PressReturnToEnd()
+    {
+        wxUIActionSimulator().Char(WXK_RETURN);
+        if (!WaitFor([this] { return !Dialog().IsModal(); }))
+        {
+            Dialog().EndModal(wxID_NONE);
+        }
+    }
+
     static bool IsLoaded(const std::wstring& name)
     {
         return Platform::FindLoadedLibrary(TestModulePath(name)) != nullptr;
@@ -170,6 +181,55 @@ TEST_F(RuleRegDlgTest, TheFieldHasTheKeyboardAndReturnRemovesNothing)
                                      wxUIActionSimulator().Char(WXK_ESCAPE);
                                  });
     EXPECT_NE(result, wxID_OK);
+}
+
+TEST_F(RuleRegDlgTest, InTheListsTheReturnKeyPressesTheDefaultButton)
+{
+    Make({ Complete, Second });
+    const auto turnTo = [](wxListCtrl& list)
+    {
+        list.SetFocus();
+        return WaitFor([&list] { return list.HasFocus() || list.IsDescendant(wxWindow::FindFocus()); });
+    };
+    const int result = RunDialog(Dialog(),
+                                 [&]
+                                 {
+                                     EXPECT_TRUE(turnTo(Configured()));
+                                     Configured().SetItemState(1, 0, wxLIST_STATE_SELECTED);
+                                     Configured().SetItemState(1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+                                     wxUIActionSimulator().Char(WXK_RETURN);
+                                     EXPECT_TRUE(WaitFor([this] { return Rows().size() == 1; })) << "Remove";
+                                     EXPECT_TRUE(turnTo(Defaults()));
+                                     Defaults().SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+                                     wxUIActionSimulator().Char(WXK_RETURN);
+                                     EXPECT_TRUE(WaitFor([this] { return Rows().size() == 2; })) << "Add";
+                                     EXPECT_TRUE(turnTo(Configured()));
+                                     Configured().SetItemState(1, 0, wxLIST_STATE_SELECTED);
+                                     PressReturnToEnd(); // Cancel, without a selection
+                                 });
+    EXPECT_EQ(result, wxID_CANCEL);
+}
+
+TEST_F(RuleRegDlgTest, TheReturnKeyInTheListAfterRemovingIsOk)
+{
+    Make({ Complete, Second });
+    const int result =
+        RunDialog(Dialog(),
+                  [this]
+                  {
+                      ClickOn(Remove());
+                      EXPECT_TRUE(WaitFor([this] { return Configured().IsDescendant(wxWindow::FindFocus()); }));
+                      PressReturnToEnd();
+                  });
+    EXPECT_EQ(result, wxID_OK);
+    EXPECT_EQ(Rows().size(), 1U);
+}
+
+TEST_F(RuleRegDlgTest, TheModuleThatIsSelectedIsInSight)
+{
+    Make(std::vector<std::wstring>(40, Complete));
+    EXPECT_EQ(Configured().GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED), 39);
+    EXPECT_GT(Configured().GetTopItem(), 0);
 }
 
 TEST_F(RuleRegDlgTest, TextInTheFieldMakesAddTheDefaultAndItStaysEnabled)
