@@ -113,6 +113,19 @@ protected:
         return columns;
     }
 
+    /// The first row of the rectangle in which something isn't of the colour; -1 for none.
+    int FirstRowOtherThan(const wxRect& rect, MenuColour colour) const
+    {
+        for (int y = rect.GetTop(); y <= rect.GetBottom(); ++y)
+        {
+            if (!IsAll({ rect.GetLeft(), y, rect.GetWidth(), 1 }, colour))
+            {
+                return y;
+            }
+        }
+        return -1;
+    }
+
     static constexpr const wchar_t* SaveCaption = L"&Save\tCtrl+S";
 
     float fontScale = 1; ///< Pixels of thin letters are mixtures of colours.
@@ -133,6 +146,38 @@ TEST_F(MenuItemDrawingTest, AnItemHasItsIconInTheStripAndItsTextBehindIt)
     EXPECT_EQ(CountOf(strip, Red), 64);
     EXPECT_EQ(ColumnsOtherThan(text, Cream).first >= TextStart + 8, true);
     EXPECT_GT(Count({ TextStart + 8, text.GetTop() + 4, 60, 20 }, [](MenuColour c) { return c == 0; }), 10);
+}
+
+TEST_F(MenuItemDrawingTest, TheTextStands4BelowTheTopOfTheItemAlsoIfItIsGrayed)
+{
+    // Where the letter begins in its line is the font's matter.
+    {
+        wxMemoryDC dc(bitmap);
+        dc.SetFont(frame->GetFont());
+        dc.SetTextForeground(*wxBLACK);
+        dc.DrawText("H", 100, 0);
+    }
+    image = bitmap.ConvertToImage();
+    const int inLine = FirstRowOtherThan({ 100, 0, 20, 40 }, Untouched);
+    ASSERT_GE(inLine, 0);
+    CQOXRMMenuItems menu(L"", {}, {}, Cream);
+    for (const std::uint32_t flags : { 0U, MenuFlag::Grayed })
+    {
+        Draw(menu.AddItem(flags, 1, L"H", {}, 0, 0, {}), Whole);
+        EXPECT_EQ(FirstRowOtherThan(text, Cream), text.GetTop() + 4 + inLine) << flags;
+    }
+}
+
+TEST_F(MenuItemDrawingTest, AStripThatIsHigherThanItsItemIsFilledAfterTheMouseHasLeft)
+{
+    CQOXRMMenuItems item(L"", Picture(Red), {}, Cream);
+    {
+        wxMemoryDC dc(bitmap);
+        item.DrawItem({ dc, wxRect(10, 5, 180, 12), SelectionChanged });
+    }
+    image = bitmap.ConvertToImage();
+    EXPECT_EQ(CountOf(strip, Cream), 20 * 20 - 64);
+    EXPECT_TRUE(IsAll({ TextStart, 5 + 12, 160, 8 }, Untouched));
 }
 
 TEST_F(MenuItemDrawingTest, NothingIsDrawnOutsideTheItem)
