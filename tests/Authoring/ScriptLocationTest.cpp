@@ -291,6 +291,15 @@ TEST_F(ScriptLocationTest, TheCommandStartsFromTheConfiguredFolderAndStoresTheNe
     EXPECT_TRUE(prompt.texts.empty());
 }
 
+TEST_F(ScriptLocationTest, TheCommandStoresTheDatabaseFolderTooAndTheScriptFolderWhateverBecomesOfIt)
+{
+    Change(folder.File(L"other"), folder.File(L"scripts"));
+    const bool mayWrite = MayWriteMachine();
+    EXPECT_EQ(StoredDatabaseFolder(), mayWrite ? std::optional(folder.File(L"scripts")) : std::nullopt);
+    EXPECT_EQ(prompt.kinds, mayWrite ? std::vector<BoxKind>() : std::vector{ BoxKind::Error });
+    EXPECT_EQ(Configured(), folder.File(L"other"));
+}
+
 TEST_F(ScriptLocationTest, OnCancelNothingIsStored)
 {
     WriteBytes(config, " [RULE_SCRIPT_LOCATION]\n directory=" + Platform::ToCodePage(script) + "\n");
