@@ -25,7 +25,7 @@ CHyperLink::CHyperLink(wxWindow* parent, wxWindowID id, const wxString& text, co
       m_target(target)
 {
     SetFont(parent->GetFont().Underlined());
-    SetLabel(text.empty() ? target : text);
+    SetLabel(text.empty() ? EscapeMnemonics(target) : text);
     SetCursor(wxCursor(wxCURSOR_HAND));
 
     Bind(wxEVT_PAINT, &CHyperLink::OnPaint, this);

@@ -87,6 +87,14 @@ TEST_F(HyperLinkTest, WithoutATextTheTargetIsShown)
     EXPECT_EQ(link->GetLabelText(), "Read more");
 }
 
+TEST_F(HyperLinkTest, ATargetIsShownWithItsAmpersands)
+{
+    const auto* const bare = new CHyperLink(panel, wxID_ANY, "", "https://example.invalid/?a=1&b=2"); // the panel's
+    EXPECT_EQ(bare->GetLabelText(), "https://example.invalid/?a=1&b=2");
+    EXPECT_EQ(bare->GetName(), "https://example.invalid/?a=1&b=2");
+    EXPECT_EQ(bare->Target(), "https://example.invalid/?a=1&b=2");
+}
+
 TEST_F(HyperLinkTest, ItsFontIsTheParentsUnderlined)
 {
     EXPECT_TRUE(link->GetFont().GetUnderlined());
