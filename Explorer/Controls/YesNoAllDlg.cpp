@@ -3,13 +3,16 @@
 #include "Modules/HelpKey.h"
 #include "Utilities/Texts.h"
 
+#include <wx/arrstr.h>
 #include <wx/artprov.h>
 #include <wx/button.h>
+#include <wx/dcclient.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
 #include <array>
+#include <cstddef>
 
 namespace
 {
@@ -34,6 +37,26 @@ constexpr std::array Buttons = {
     AnswerButton{ wxID_NOTOALL, TextId::ButtonNoToAll, YesNoAllAnswer::NoToAll },
 };
 
+/// The question without the middle of what is too long for a dialog: names come from files and
+/// may have any length. Words that are wider than a line couldn't be wrapped.
+wxString Fitting(const wxString& question, wxWindow& window, int width)
+{
+    constexpr std::size_t LongestStart = 400;
+    constexpr std::size_t LongestEnd = 200; // what is asked stands there
+    const wxString ellipsis(L'\u2026');
+    const wxString cut = question.length() <= LongestStart + LongestEnd
+                           ? question
+                           : question.Left(LongestStart) + ellipsis + question.Right(LongestEnd);
+    wxClientDC dc(&window);
+    dc.SetFont(window.GetFont());
+    wxArrayString words = wxSplit(cut, ' ', '\0');
+    for (wxString& word : words)
+    {
+        word = wxControl::Ellipsize(word, dc, wxELLIPSIZE_MIDDLE, width, wxELLIPSIZE_FLAGS_NONE);
+    }
+    return wxJoin(words, ' ', '\0');
+}
+
 } // namespace
 
 CYesNoAllDlg::CYesNoAllDlg(const wxString& question, wxWindow* parent, HelpTopic topic)
@@ -44,7 +67,7 @@ CYesNoAllDlg::CYesNoAllDlg(const wxString& question, wxWindow* parent, HelpTopic
     auto* const columns = new wxBoxSizer(wxHORIZONTAL); // owned by the dialog, as all below
     columns->Add(new wxStaticBitmap(this, wxID_ANY, icon), wxSizerFlags().Border(wxRIGHT, FromDIP(Margin)));
     auto* const text = new wxStaticText(this, wxID_ANY, wxString());
-    text->SetLabelText(question); // names of files may hold &
+    text->SetLabelText(Fitting(question, *text, FromDIP(TextWidth))); // names of files may hold &
     text->Wrap(FromDIP(TextWidth));
     columns->Add(text, wxSizerFlags(1).CentreVertical());
 

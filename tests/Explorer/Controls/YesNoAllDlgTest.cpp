@@ -41,6 +41,16 @@ protected:
 
 using End = std::pair<int, YesNoAllAnswer>;
 
+wxString Repeated(const wxString& text, int times)
+{
+    wxString result;
+    for (int time = 0; time < times; ++time)
+    {
+        result += text;
+    }
+    return result;
+}
+
 } // namespace
 
 TEST_F(YesNoAllDlgTest, EachOfTheFourButtonsStoresItsAnswerAndEndsTheDialogWithOk)
@@ -94,6 +104,22 @@ TEST_F(YesNoAllDlgTest, TabGoesThroughTheButtonsFromTheFirstToTheLast)
                   })
                   .second,
               YesNoAllAnswer::NoToAll);
+}
+
+TEST_F(YesNoAllDlgTest, ANameThatIsTooLongForTheScreenLeavesTheQuestionAndTheButtonsInSight)
+{
+    const CYesNoAllDlg usual("The rule \"A\" is there already, with other parameters and another name. Replace it?",
+                             nullptr);
+    for (const wxString& name : { wxString('m', 70), wxString('m', 20000), Repeated("m ", 5000) })
+    {
+        const CYesNoAllDlg dialog("The rule \"" + name + "\" is there already. Replace it?", nullptr);
+        EXPECT_LE(dialog.GetSize().GetWidth(), usual.GetSize().GetWidth() + dialog.FromDIP(40));
+        EXPECT_LE(dialog.GetSize().GetHeight(), 4 * usual.GetSize().GetHeight());
+        wxString text = ControlsOf<wxStaticText>(dialog).at(0)->GetLabelText();
+        text.Replace("\n", " ");
+        EXPECT_TRUE(text.StartsWith("The rule \"m")) << text;
+        EXPECT_TRUE(text.EndsWith("\" is there already. Replace it?")) << text;
+    }
 }
 
 TEST_F(YesNoAllDlgTest, TheQuestionStandsThereAsItIs)
