@@ -86,11 +86,16 @@ protected:
 
 TEST_F(ModuleRegistrationTest, TheKindsHaveTheirDefaultsInAnOrderOfTheirOwn)
 {
-    ASSERT_EQ(RuleModules.defaultFiles.size(), 11u);
-    EXPECT_EQ(RuleModules.defaultFiles[2], std::wstring(L"QOXSMRulesu.dll"));
-    EXPECT_EQ(RuleModules.defaultFiles[10], std::wstring(L"QoxToleranceRulesu.dll"));
-    ASSERT_EQ(DatabaseModules.defaultFiles.size(), 1u);
-    EXPECT_EQ(DatabaseModules.defaultFiles[0], std::wstring(L"QoxSqliteDatabaseu.dll"));
+    EXPECT_THAT(RuleModules.defaultFiles,
+                testing::ElementsAre(std::wstring(L"QoxMillRulesu.dll"), std::wstring(L"QoxTurnRulesu.dll"),
+                                     std::wstring(L"QOXSMRulesu.dll"), std::wstring(L"QOXAssemblyRulesu.dll"),
+                                     std::wstring(L"QOXCastingRulesu.dll"), std::wstring(L"QOXIMRulesu.dll"),
+                                     std::wstring(L"QoxRPRulesu.dll"), std::wstring(L"QoxGenericRulesu.dll"),
+                                     std::wstring(L"QOXDieCastRulesu.dll"), std::wstring(L"QOXTubingRulesu.dll"),
+                                     std::wstring(L"QoxToleranceRulesu.dll")));
+    EXPECT_THAT(DatabaseModules.defaultFiles, testing::ElementsAre(std::wstring(L"QoxSqliteDatabaseu.dll")));
+    EXPECT_EQ(RuleModules.section, std::string("RULE_CONFIGURATION_MODULES"));
+    EXPECT_EQ(DatabaseModules.section, std::string("RULE_DATABASE_MODULES"));
     EXPECT_EQ(static_cast<unsigned int>(RuleModules.helpTopic), 1020u);
     EXPECT_EQ(static_cast<unsigned int>(DatabaseModules.helpTopic), 1030u);
 }
