@@ -3,8 +3,9 @@
 
     count-tests.py <file>
 
-Prints "<passed> <failed> <skipped>". A file that is missing or broken is an error. A test
-that could not be run counts as failed; one that skipped itself or is disabled, as skipped.
+Prints "<passed> <failed> <skipped>", and after it the name of each failed test on a line of its
+own. A file that is missing or broken is an error. A test that could not be run counts as failed;
+one that skipped itself or is disabled, as skipped.
 """
 
 import sys
@@ -15,7 +16,8 @@ def main():
     if len(sys.argv) != 2:
         print(__doc__, file=sys.stderr)
         return 2
-    passed = failed = skipped = 0
+    passed = skipped = 0
+    failed = []
     for case in ElementTree.parse(sys.argv[1]).getroot().iter("testcase"):
         status = case.get("status")
         reason = case.find("skipped")
@@ -25,8 +27,10 @@ def main():
                                       and reason.get("message", "").startswith("SKIP_")):
             skipped += 1
         else:
-            failed += 1
-    print(passed, failed, skipped)
+            failed.append(case.get("name", "a test without a name"))
+    print(passed, len(failed), skipped)
+    for name in failed:
+        print(name)
     return 0
 
 
