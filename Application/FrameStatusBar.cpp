@@ -67,5 +67,9 @@ void FrameStatusBar::FitPane(Pane pane, const wxString& text)
     wxClientDC device(this);
     device.SetFont(GetFont());
     m_widths[pane] = device.GetTextExtent(text).GetWidth() + FromDIP(PaneMargin);
+    if (pane == PaneCount - 1)
+    {
+        m_widths[pane] += GetSize().GetHeight(); // the grip of the window, a square, is taken out of it
+    }
     SetStatusWidths(PaneCount, m_widths);
 }

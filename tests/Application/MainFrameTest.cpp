@@ -215,6 +215,24 @@ TEST_F(MainFrameTest, AnIndicatorTellsOfAReadOnlyFile)
     EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane).empty(); }));
 }
 
+TEST_F(MainFrameTest, TheIndicatorOfAReadOnlyFileIsShownWholeBesideTheGripOfTheWindow)
+{
+    wxStatusBar& bar = *frame->GetStatusBar();
+    const auto draws = std::make_shared<int>(0);
+    bar.Bind(wxEVT_PAINT,
+             [draws](wxPaintEvent& event)
+             {
+                 event.Skip(); // the bar draws itself then
+                 ++*draws;
+             });
+    host.files.activeReadOnly = true;
+    ASSERT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane) == LoadText(TextId::IndicatorReadOnly); }));
+    *draws = 0;
+    bar.Refresh();
+    ASSERT_TRUE(WaitFor([&] { return *draws > 0; }));
+    EXPECT_FALSE(bar.GetField(FrameStatusBar::ReadOnlyPane).IsEllipsized());
+}
+
 TEST_F(MainFrameTest, TheIndicatorsFollowTheLockKeys)
 {
     struct Lock
