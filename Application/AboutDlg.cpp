@@ -61,8 +61,9 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
 
     auto* const rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(columns, wxSizerFlags().Expand().Border(wxALL, FromDIP(Margin)));
-    rows->Add(CreateStdDialogButtonSizer(wxOK),
-              wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Gap)));
+    wxSizer* const buttons = CreateStdDialogButtonSizer(wxOK);
+    DropSpaceAroundButtons(*buttons);
+    rows->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Margin)));
     LabelStandardButtons(*this);
     SetEscapeId(wxID_OK);
     FindWindow(wxID_OK)->SetFocus(); // not the link, which comes ahead of it

@@ -17,6 +17,7 @@
 #include <wx/persist/toplevel.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
+#include <wx/statline.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
@@ -138,8 +139,12 @@ void RuleEditorDlg::AddParameters(wxSizer& rows)
                  wxSizerFlags(1).Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(Margin)));
         return;
     }
+    // Lines in the colours of the theme show where the list begins and ends: a border would be black on some systems.
+    const auto addLine = [this, &rows]
+    { rows.Add(new wxStaticLine(this), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(Margin))); };
+    addLine();
     m_list = new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                  wxVSCROLL | wxBORDER_SIMPLE | wxTAB_TRAVERSAL);
+                                  wxVSCROLL | wxBORDER_NONE | wxTAB_TRAVERSAL);
     m_list->SetScrollRate(0, FromDIP(ScrollStep));
     auto* const grid = new wxFlexGridSizer(RuleEditorRow::ColumnCount, FromDIP(RowGap), FromDIP(Margin));
     grid->AddGrowableCol(1);
@@ -149,10 +154,11 @@ void RuleEditorDlg::AddParameters(wxSizer& rows)
             std::make_unique<RuleEditorRow>(*m_list, *grid, m_model, index, [this] { LayOutParameters(); }));
     }
     auto* const frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(Gap)));
+    frame->Add(grid, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(Gap)));
     m_list->SetSizer(frame);
     m_list->SetMinSize(wxSize(-1, FromDIP(LeastListHeight)));
     rows.Add(m_list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, FromDIP(Margin)));
+    addLine();
 
     rows.Add(new wxStaticText(this, wxID_ANY, LoadText(TextId::EditorDiffers)),
              wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Margin)));
