@@ -115,12 +115,18 @@ class HelpTest(unittest.TestCase):
         for name, language in self.table["language"].items():
             yield name, language, os.path.join(STAGE, "Lang", name)
 
+    def help_file(self, name):
+        """A copy of the help file of a language: the reader locks what it reads, and other tests read the same."""
+        copy = os.path.join(self.folder, name + ".chm")
+        if not os.path.exists(copy):
+            shutil.copy(os.path.join(STAGE, "Lang", name, "vantrel.chm"), copy)
+        return copy
+
     def extracted(self, name):
         """Folder with everything that the help file of a language holds."""
         folder = os.path.join(self.folder, name)
         os.makedirs(folder)
-        file = os.path.join(STAGE, "Lang", name, "vantrel.chm")
-        chmls("extractall", file, folder)
+        chmls("extractall", self.help_file(name), folder)
         return folder
 
     def browser_page(self, name, page):
@@ -227,10 +233,10 @@ class HelpTest(unittest.TestCase):
 
     def test_a_help_file_maps_every_number_to_its_page(self):
         expected = {(topic["number"], topic["page"] + ".html") for topic in self.topics}
-        for name, _, staged in self.languages():
-            base = os.path.join(self.folder, name + "-map")
-            shutil.copy(os.path.join(staged, "vantrel.chm"), base + ".chm")
-            chmls("extractalias", base + ".chm", base, "N")
+        for name, _, _ in self.languages():
+            file = self.help_file(name)
+            base = os.path.splitext(file)[0]
+            chmls("extractalias", file, base, "N")
             aliases = dict(line.split("=") for line in read_bytes(base + ".ali").decode("ascii").split())
             numbers = dict(line.split()[1:] for line in read_bytes(base + ".h").decode("ascii").splitlines() if line)
             self.assertEqual({(int(numbers[alias]), page) for alias, page in aliases.items()}, expected)
@@ -249,15 +255,15 @@ class HelpTest(unittest.TestCase):
                     self.assertIn([word, topic["page"] + ".html"], index)
             self.assertEqual(index, sorted(index, key=lambda entry: (entry[0].casefold(), entry)))
 
-    def inner_file(self, name, staged, inner):
+    def inner_file(self, name, inner):
         """A file of the container as it is: the reader's listings of them are text for people."""
         target = os.path.join(self.folder, name + "-" + inner.strip("#"))
-        chmls("extract", os.path.join(staged, "vantrel.chm"), "/" + inner, target)
+        chmls("extract", self.help_file(name), "/" + inner, target)
         return read_bytes(target)
 
-    def system_records(self, name, staged):
+    def system_records(self, name):
         """What a viewer reads first, by the numbers of the records."""
-        data = self.inner_file(name, staged, "#SYSTEM")
+        data = self.inner_file(name, "#SYSTEM")
         records = {}
         at = 4
         while at < len(data):
@@ -267,8 +273,8 @@ class HelpTest(unittest.TestCase):
         return records
 
     def test_a_help_file_knows_its_language_title_and_first_page(self):
-        for name, language, staged in self.languages():
-            system = self.system_records(name, staged)
+        for name, language, _ in self.languages():
+            system = self.system_records(name)
             locale, double_byte = struct.unpack_from("<II", system[4])
             self.assertEqual(locale, language["lcid"])
             self.assertEqual(double_byte, len("\u5b57".encode(language["codec"], "ignore")) == 2)
@@ -277,14 +283,13 @@ class HelpTest(unittest.TestCase):
 
     def test_the_viewer_offers_a_search_where_words_are_indexed(self):
         searching = []
-        for name, _, staged in self.languages():
-            file = os.path.join(staged, "vantrel.chm")
-            count, size = struct.unpack_from("<II", windows := self.inner_file(name, staged, "#WINDOWS"))
+        for name, _, _ in self.languages():
+            count, size = struct.unpack_from("<II", windows := self.inner_file(name, "#WINDOWS"))
             self.assertEqual((count, size, len(windows)), (1, 196, 8 + 196))
             style, = struct.unpack_from("<I", windows, 8 + 0x10)
             first, = struct.unpack_from("<I", windows, 8 + 0x68)
-            strings = self.inner_file(name, staged, "#STRINGS")
-            indexed = b"$FIftiMain" in chmls("list", file)
+            strings = self.inner_file(name, "#STRINGS")
+            indexed = b"$FIftiMain" in chmls("list", self.help_file(name))
             self.assertEqual(bool(style & 0x400), indexed)
             self.assertEqual(strings[first:strings.index(b"\0", first)], b"overview.html")
             searching += [name] if indexed else []
