@@ -1,6 +1,6 @@
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help setup run test sanitize fuzz bench reliability package lint tidy clean
+.PHONY: help setup run test sanitize fuzz bench reliability package pictures lint tidy clean
 # Two of the commands at once would build in the same folder.
 .NOTPARALLEL:
 
@@ -23,6 +23,7 @@ help:
 	@echo 'make bench      runs the benchmarks'
 	@echo 'make reliability  ends RELIABILITY_KILLS=200 processes while they save, and has saves fail'
 	@echo 'make package    makes the archive that users and module makers get'
+	@echo 'make pictures   makes the pictures of the windows in docs/images/ again'
 	@echo 'make lint       checks format, layering, scripts and build lists, and runs clang-tidy'
 	@echo 'make tidy       clang-tidy alone'
 	@echo 'make setup      installs the packages for all of these'
@@ -72,6 +73,12 @@ package:
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS)
 	cpack --config build/release/CPackConfig.cmake
+
+pictures:
+	@$(setup_packages) test
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS)
+	VANTREL_SCREEN=2560x1600x24 cmake/with-display.sh docs/make_pictures.py build/release/stage docs/images
 
 lint:
 	@$(setup_packages) lint

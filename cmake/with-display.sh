@@ -5,7 +5,7 @@
 # A display of the user's desktop is never used, so that tests neither show windows there
 # nor depend on what else is open.
 #
-#   with-display.sh <command> [<argument>...]
+#   [VANTREL_SCREEN=<width>x<height>x<depth>] with-display.sh <command> [<argument>...]
 
 set -u
 
@@ -73,7 +73,7 @@ cookie=$(mcookie)
 # The server takes any cookie of its file, whatever display it is written down for; the
 # number is known only once the server has chosen it.
 xauth -q -f "$folder/server-auth" add :0 . "$cookie" 2>/dev/null || fail "no access cookie"
-setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset -auth "$folder/server-auth" \
+setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "${VANTREL_SCREEN:-1280x1024x24}" -nolisten tcp -noreset -auth "$folder/server-auth" \
     3>"$folder/number" </dev/null >"$folder/log" 2>&1 &
 serverPid=$!
 waitFor "the display" displayIsKnown

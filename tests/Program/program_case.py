@@ -36,8 +36,11 @@ class ProgramCase(unittest.TestCase):
     program = ""
     samples = ""
 
+    def make_folder(self):
+        return tempfile.mkdtemp(prefix="vantrel-program-test-")
+
     def setUp(self):
-        self.folder = tempfile.mkdtemp(prefix="vantrel-program-test-")
+        self.folder = self.make_folder()
         self.addCleanup(shutil.rmtree, self.folder)
         self.environment = dict(os.environ)
         for name in ("vantrel_data_dir", "VANTREL_DATABASE_DIR", "VANTREL_TEMPFOLDER", "TEMP", "appdata"):
