@@ -6,6 +6,7 @@
 #include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
+#include "Utilities/WrappedLabel.h"
 
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
@@ -35,7 +36,7 @@ CAboutDlg::CAboutDlg(wxWindow* parent)
     name->SetFont(name->GetFont().Bold().Larger());
     auto* const build = new wxStaticText(this, wxID_ANY, FormatText(TextId::AboutBuild, { BuildText, DateText }));
     auto* const description = new wxStaticText(this, wxID_ANY, LoadText(TextId::AboutText));
-    description->Wrap(FromDIP(TextWidth));
+    WrapLabel(*description, FromDIP(TextWidth));
 
     auto* const lines = new wxBoxSizer(wxVERTICAL);
     lines->Add(name, wxSizerFlags().Border(wxBOTTOM, FromDIP(Gap)));

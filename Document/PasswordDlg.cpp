@@ -4,6 +4,7 @@
 #include "Modules/HelpKey.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/Texts.h"
+#include "Utilities/WrappedLabel.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -46,7 +47,7 @@ CPasswordDlg::CPasswordDlg(wxWindow* parent, PasswordPurpose purpose, IUserPromp
 void CPasswordDlg::MakeControls(PasswordPurpose purpose)
 {
     auto* const label = new wxStaticText(this, wxID_ANY, LabelFor(purpose)); // owned by the dialog, as all below
-    label->Wrap(FromDIP(TextWidth));
+    WrapLabel(*label, FromDIP(TextWidth));
     auto* const fieldLabel = new wxStaticText(this, wxID_ANY, LoadText(TextId::PasswordField));
     m_edit = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_PASSWORD);
 

@@ -2,6 +2,7 @@
 
 #include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
+#include "Utilities/WrappedLabel.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -60,7 +61,7 @@ RuleEditorRow::RuleEditorRow(wxWindow& parent, wxSizer& grid, RuleEditModel& mod
 
     auto* const range = new wxStaticText(&parent, wxID_ANY, wxString());
     range->SetLabelText(model.RangeText(index));
-    range->Wrap(parent.FromDIP(RangeWidth));
+    WrapLabel(*range, parent.FromDIP(RangeWidth));
     wxSizerItem* const rangeItem = grid.Add(range, wxSizerFlags().Border(wxTOP));
 
     m_reset = new wxButton(&parent, wxID_ANY, LoadText(TextId::EditorReset));
@@ -294,7 +295,7 @@ void RuleEditorRow::ShowLabel(bool isDefault)
     if (m_label != nullptr)
     {
         m_label->SetLabelText(text);
-        m_label->Wrap(m_label->FromDIP(LabelWidth));
+        WrapLabel(*m_label, m_label->FromDIP(LabelWidth));
     }
     else
     {
@@ -322,7 +323,7 @@ bool RuleEditorRow::ShowMessage()
         m_message = new wxStaticText(parent, wxID_ANY, wxString());
         m_message->SetForegroundColour(m_model.IsAcceptable(m_index) ? parent->GetForegroundColour() : ErrorColour());
         m_message->SetLabelText(Shortened(message.ToStdWstring()));
-        m_message->Wrap(parent->FromDIP(FieldWidth));
+        WrapLabel(*m_message, parent->FromDIP(FieldWidth));
         m_cell->Add(m_message, wxSizerFlags().Border(wxTOP, parent->FromDIP(2)));
     }
     return true;
