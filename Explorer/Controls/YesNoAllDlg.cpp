@@ -1,9 +1,9 @@
 #include "Explorer/Controls/YesNoAllDlg.h"
 
 #include "Modules/HelpKey.h"
+#include "Utilities/LineBreaks.h"
 #include "Utilities/Texts.h"
 
-#include <wx/arrstr.h>
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/dcclient.h>
@@ -37,8 +37,8 @@ constexpr std::array Buttons = {
     AnswerButton{ wxID_NOTOALL, TextId::ButtonNoToAll, YesNoAllAnswer::NoToAll },
 };
 
-/// The question without the middle of what is too long for a dialog: names come from files and
-/// may have any length. Words that are wider than a line couldn't be wrapped.
+/// The question in lines, without the middle of what is too long for a dialog: names come from files
+/// and may have any length. Words that are wider than a line can't be broken.
 wxString Fitting(const wxString& question, wxWindow& window, int width)
 {
     constexpr std::size_t LongestStart = 400;
@@ -49,12 +49,9 @@ wxString Fitting(const wxString& question, wxWindow& window, int width)
                            : question.Left(LongestStart) + ellipsis + question.Right(LongestEnd);
     wxClientDC dc(&window);
     dc.SetFont(window.GetFont());
-    wxArrayString words = wxSplit(cut, ' ', '\0');
-    for (wxString& word : words)
-    {
-        word = wxControl::Ellipsize(word, dc, wxELLIPSIZE_MIDDLE, width, wxELLIPSIZE_FLAGS_NONE);
-    }
-    return wxJoin(words, ' ', '\0');
+    const auto widthOf = [&dc](const std::wstring& line) { return dc.GetTextExtent(line).GetWidth(); };
+    return wxControl::Ellipsize(BrokenIntoLines(cut.ToStdWstring(), width, widthOf), dc, wxELLIPSIZE_MIDDLE, width,
+                                wxELLIPSIZE_FLAGS_NONE);
 }
 
 } // namespace
@@ -68,7 +65,6 @@ CYesNoAllDlg::CYesNoAllDlg(const wxString& question, wxWindow* parent, HelpTopic
     columns->Add(new wxStaticBitmap(this, wxID_ANY, icon), wxSizerFlags().Border(wxRIGHT, FromDIP(Margin)));
     auto* const text = new wxStaticText(this, wxID_ANY, wxString());
     text->SetLabelText(Fitting(question, *text, FromDIP(TextWidth))); // names of files may hold &
-    text->Wrap(FromDIP(TextWidth));
     columns->Add(text, wxSizerFlags(1).CentreVertical());
 
     auto* const buttons = new wxBoxSizer(wxHORIZONTAL);

@@ -130,3 +130,12 @@ TEST_F(YesNoAllDlgTest, TheQuestionStandsThereAsItIs)
     EXPECT_EQ(texts[0]->GetLabelText(), "Replace \"A & B\"?");
     EXPECT_EQ(dialog.GetTitle(), LoadText(TextId::ApplicationTitle));
 }
+
+TEST_F(YesNoAllDlgTest, ALongQuestionInAScriptWithoutBlanksIsBrokenAndNotCut)
+{
+    const wxString question = Repeated(wxString(L"\u898f\u5247"), 50);
+    const CYesNoAllDlg dialog(question, nullptr);
+    wxString text = ControlsOf<wxStaticText>(dialog).at(0)->GetLabelText();
+    EXPECT_GT(text.Replace("\n", ""), 0U);
+    EXPECT_EQ(text, question);
+}
