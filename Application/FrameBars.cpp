@@ -1,19 +1,23 @@
 #include "Application/FrameBars.h"
 
+#include "Application/BarPlace.h"
 #include "Application/CommandBars.h"
 #include "Application/CommandIcons.h"
 #include "Application/TabToolbar.h"
+#include "Application/WindowPlace.h"
 
-#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/persist.h>
 #include <wx/toolbar.h>
 
+#include <algorithm>
+#include <optional>
+
 namespace
 {
 
-constexpr const char* StripPane = "Commands";
-constexpr const char* SecondPane = "QuickToolBar";
+constexpr const wchar_t* StripPane = L"Commands";
+constexpr const wchar_t* SecondPane = L"QuickToolBar";
 
 constexpr int StripLayer = 1;
 constexpr int SecondLayer = 2; // further outside: it stands to the left of the strip
@@ -21,11 +25,6 @@ constexpr int SecondLayer = 2; // further outside: it stands to the left of the 
 bool IsSide(const wxAuiPaneInfo& pane)
 {
     return pane.IsDocked() && (pane.dock_direction == wxAUI_DOCK_LEFT || pane.dock_direction == wxAUI_DOCK_RIGHT);
-}
-
-bool IsOnAScreen(const wxPoint& place)
-{
-    return wxDisplay::GetFromPoint(place) != wxNOT_FOUND;
 }
 
 /// Keeps where the bars are for the next start.
@@ -68,16 +67,12 @@ FrameBars::FrameBars(wxFrame& frame) : m_frame(frame)
     m_strip = new CQOXRMTabToolbar(&frame);
     MakeSecondToolBar();
     AddPanes();
-    for (wxWindow* const bar : { static_cast<wxWindow*>(m_strip), static_cast<wxWindow*>(m_secondBar) })
+    KeepOwnWindows();
+    for (wxWindow* const bar : BothBars())
     {
-        // The manager tells nobody that the user has moved a bar to another side.
-        bar->Bind(wxEVT_SIZE,
-                  [this](wxSizeEvent& event)
-                  {
-                      event.Skip();
-                      m_frame.CallAfter([this] { FitToDocks(); });
-                  });
+        bar->Bind(wxEVT_SIZE, &FrameBars::OnBarSize, this);
     }
+    m_secondBar->Bind(wxEVT_SYS_COLOUR_CHANGED, &FrameBars::OnSecondBarColours, this);
     wxPersistenceManager::Get().Register(this, new PersistentBars(this)); // which owns it
     wxPersistenceManager::Get().Restore(this);
     FitToDocks();
@@ -88,6 +83,36 @@ FrameBars::~FrameBars()
 {
     wxPersistenceManager::Get().SaveAndUnregister(this);
     m_manager.UnInit();
+    // The bars live a little longer.
+    for (wxWindow* const bar : BothBars())
+    {
+        bar->Unbind(wxEVT_SIZE, &FrameBars::OnBarSize, this);
+    }
+    m_secondBar->Unbind(wxEVT_SYS_COLOUR_CHANGED, &FrameBars::OnSecondBarColours, this);
+}
+
+std::array<wxWindow*, 2> FrameBars::BothBars() const
+{
+    return { m_strip, m_secondBar };
+}
+
+void FrameBars::OnBarSize(wxSizeEvent& event)
+{
+    event.Skip();
+    // The manager tells nobody that the user has moved a bar to another side.
+    m_frame.CallAfter([this] { FitToDocks(); });
+}
+
+void FrameBars::OnSecondBarColours(wxSysColourChangedEvent& event)
+{
+    event.Skip();
+    for (const int id : QuickBarCommands)
+    {
+        if (m_secondBar->FindById(id) != nullptr)
+        {
+            m_secondBar->SetToolNormalBitmap(id, CommandIcon(id, m_secondBar->GetForegroundColour()));
+        }
+    }
 }
 
 void FrameBars::MakeSecondToolBar()
@@ -103,19 +128,6 @@ void FrameBars::MakeSecondToolBar()
         }
     }
     m_secondBar->Realize();
-    m_secondBar->Bind(wxEVT_SYS_COLOUR_CHANGED,
-                      [this](wxSysColourChangedEvent& event)
-                      {
-                          event.Skip();
-                          for (const int id : QuickBarCommands)
-                          {
-                              if (m_secondBar->FindById(id) != nullptr)
-                              {
-                                  m_secondBar->SetToolNormalBitmap(id,
-                                                                   CommandIcon(id, m_secondBar->GetForegroundColour()));
-                              }
-                          }
-                      });
 }
 
 void FrameBars::AddPanes()
@@ -138,6 +150,30 @@ void FrameBars::AddPanes()
                                    .PaneBorder(false)
                                    .DockFixed()
                                    .FloatingSize(m_strip->FloatingSize()));
+}
+
+void FrameBars::KeepOwnWindows()
+{
+    // Their close boxes. The toolkit would leave a bar that can't be shown again.
+    m_manager.Bind(wxEVT_AUI_PANE_CLOSE,
+                   [this](wxAuiManagerEvent& event)
+                   {
+                       event.Veto();
+                       const bool isStrip = event.GetPane()->window == m_strip;
+                       m_frame.CallAfter(
+                           [this, isStrip]
+                           {
+                               if (isStrip)
+                               {
+                                   PaneOf(*m_strip).Dock(); // no command shows it again
+                                   m_manager.Update();
+                               }
+                               else
+                               {
+                                   ShowSecondToolBar(false);
+                               }
+                           });
+                   });
 }
 
 void FrameBars::FitToDocks()
@@ -203,7 +239,7 @@ bool FrameBars::FitSecondBar()
 
 bool FrameBars::IsSecondToolBarShown() const
 {
-    return m_secondBar->IsShown();
+    return PaneOf(*m_secondBar).IsShown(); // in a hidden window of its own the bar itself isn't hidden
 }
 
 void FrameBars::ShowSecondToolBar(bool show)
@@ -244,31 +280,43 @@ void FrameBars::GoToNextPane(const std::function<void()>& toRules)
 
 wxString FrameBars::Layout() const
 {
-    return const_cast<wxAuiManager&>(m_manager).SavePerspective();
+    return m_manager.SavePerspective();
 }
 
 void FrameBars::SetLayout(const wxString& layout)
 {
-    const wxString before = Layout();
-    if (!layout.Contains(wxString::Format("name=%s;", StripPane)) ||
-        !layout.Contains(wxString::Format("name=%s;", SecondPane)) || !m_manager.LoadPerspective(layout, false))
+    const std::optional<BarPlace> strip = SavedBarPlace(layout.ToStdWstring(), StripPane);
+    const std::optional<BarPlace> second = SavedBarPlace(layout.ToStdWstring(), SecondPane);
+    if (strip && second)
     {
-        m_manager.LoadPerspective(before, false);
+        Put(*m_strip, *strip);
+        Put(*m_secondBar, *second);
     }
-    wxAuiPaneInfo& strip = PaneOf(*m_strip);
-    wxAuiPaneInfo& second = PaneOf(*m_secondBar);
-    strip.Show();
-    for (wxAuiPaneInfo* const pane : { &strip, &second })
-    {
-        // The screen that it floated on may be gone.
-        if (pane->IsFloating() && !IsOnAScreen(pane->floating_pos))
-        {
-            pane->Dock();
-        }
-    }
-    // The texts of the layout are of the language that it was saved in.
-    strip.Caption(LoadText(TextId::CommandStripTitle));
-    second.Caption(LoadText(TextId::QuickToolBarTitle));
+    wxAuiPaneInfo& stripPane = PaneOf(*m_strip);
+    stripPane.Show();
+    stripPane.floating_size.IncTo(m_strip->FloatingSize());
     FitToDocks();
     m_manager.Update();
+}
+
+void FrameBars::Put(wxWindow& bar, const BarPlace& place)
+{
+    wxAuiPaneInfo& pane = PaneOf(bar);
+    pane.Dock().Direction(place.side).Layer(place.layer).Row(place.row).Show(place.shown);
+    // The window may have been larger, and the manager lets bars lie outside of it.
+    const wxSize room = m_frame.GetClientSize() - bar.GetBestSize();
+    pane.Position(place.position <= (IsSide(pane) ? room.GetHeight() : room.GetWidth()) ? place.position : 0);
+
+    const wxPoint corner(place.floatingX, place.floatingY);
+    pane.FloatingPosition(corner);
+    if (place.floatingWidth > 0 && place.floatingHeight > 0)
+    {
+        pane.FloatingSize(place.floatingWidth, place.floatingHeight);
+    }
+    const int width = std::max(pane.floating_size.GetWidth(), bar.GetBestSize().GetWidth());
+    // The screen that it floated on may be gone.
+    if (place.floating && IsTitleOnAScreen(wxRect(corner, wxSize(width, 0))))
+    {
+        pane.Float();
+    }
 }

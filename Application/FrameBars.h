@@ -2,9 +2,11 @@
 
 #include <wx/aui/framemanager.h>
 
+#include <array>
 #include <functional>
 
 class CQOXRMTabToolbar;
+struct BarPlace;
 class wxFrame;
 class wxToolBar;
 
@@ -33,24 +35,29 @@ public:
     wxToolBar& SecondToolBar() { return *m_secondBar; }
     wxAuiManager& Manager() { return m_manager; }
 
-    /// Places and tab as one text, and back. A text that no bars made leaves them as they are;
-    /// whatever it says, the strip can be seen.
+    /// Places of the bars as one text, and back. A text that no bars made leaves them as they are;
+    /// whatever it says, the strip can be seen and the bars leave room for the documents.
     wxString Layout() const;
     void SetLayout(const wxString& layout);
 
 private:
     void MakeSecondToolBar();
     void AddPanes();
+    void KeepOwnWindows();
+    void Put(wxWindow& bar, const BarPlace& place);
     void FitToDocks();
     // True if the manager has to lay its panes out again.
     bool FitStrip();
     bool FitSecondBar();
+    void OnBarSize(wxSizeEvent& event);
+    void OnSecondBarColours(wxSysColourChangedEvent& event);
     bool HoldsKeyboard(const wxWindow& pane) const;
-    wxAuiPaneInfo& PaneOf(wxWindow& bar) { return m_manager.GetPane(&bar); }
+    std::array<wxWindow*, 2> BothBars() const;
+    wxAuiPaneInfo& PaneOf(wxWindow& bar) const { return m_manager.GetPane(&bar); }
 
     wxFrame& m_frame;
     CQOXRMTabToolbar* m_strip = nullptr; // these two are owned by the window system
     wxToolBar* m_secondBar = nullptr;
-    wxAuiManager m_manager;
+    mutable wxAuiManager m_manager; // a constant one answers nothing
     bool m_fitting = false;
 };

@@ -7,9 +7,9 @@
 #include "Application/FrameBars.h"
 #include "Application/MainMenu.h"
 #include "Application/TabToolbar.h"
+#include "Application/WindowPlace.h"
 
 #include <wx/menu.h>
-#include <wx/persist/toplevel.h>
 #include <wx/toolbar.h>
 #include <wx/utils.h>
 
@@ -28,11 +28,7 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
 {
     SetIcons(ProgramIcons());
     SetName("MainFrame");
-    if (!wxPersistenceManager::Get().RegisterAndRestore(this))
-    {
-        SetSize(FromDIP(wxSize(StartWidth, StartHeight)));
-        Centre();
-    }
+    RestorePlace(*this, { StartWidth, StartHeight });
     MakeMenus();
     MakeStatusBar();
     MakeBars(); // they are laid out for the size that the frame has
