@@ -72,6 +72,7 @@ FrameBars::FrameBars(wxFrame& frame) : m_frame(frame)
     {
         bar->Bind(wxEVT_SIZE, &FrameBars::OnBarSize, this);
     }
+    m_secondBar->Bind(wxEVT_TOOL_ENTER, &FrameBars::OnSecondBarEnter, this);
     m_secondBar->Bind(wxEVT_SYS_COLOUR_CHANGED, &FrameBars::OnSecondBarColours, this);
     wxPersistenceManager::Get().Register(this, new PersistentBars(this)); // which owns it
     wxPersistenceManager::Get().Restore(this);
@@ -83,11 +84,12 @@ FrameBars::~FrameBars()
 {
     wxPersistenceManager::Get().SaveAndUnregister(this);
     m_manager.UnInit();
-    // The bars live a little longer.
+    // The bars live a little longer, and hear of the mouse that leaves their windows.
     for (wxWindow* const bar : BothBars())
     {
         bar->Unbind(wxEVT_SIZE, &FrameBars::OnBarSize, this);
     }
+    m_secondBar->Unbind(wxEVT_TOOL_ENTER, &FrameBars::OnSecondBarEnter, this);
     m_secondBar->Unbind(wxEVT_SYS_COLOUR_CHANGED, &FrameBars::OnSecondBarColours, this);
 }
 
@@ -101,6 +103,17 @@ void FrameBars::OnBarSize(wxSizeEvent& event)
     event.Skip();
     // The manager tells nobody that the user has moved a bar to another side.
     m_frame.CallAfter([this] { FitToDocks(); });
+}
+
+void FrameBars::OnSecondBarEnter(wxCommandEvent& event)
+{
+    event.Skip();
+    // A bar in a window of its own looks for the status bar there.
+    if (m_secondBar->GetParent() != &m_frame)
+    {
+        const bool onTool = event.GetInt() != wxID_ANY;
+        m_frame.DoGiveHelp(onTool ? m_secondBar->GetToolLongHelp(event.GetInt()) : wxString(), onTool);
+    }
 }
 
 void FrameBars::OnSecondBarColours(wxSysColourChangedEvent& event)
@@ -123,8 +136,8 @@ void FrameBars::MakeSecondToolBar()
     {
         if (const Command* const command = FindCommand(id))
         {
-            m_secondBar->AddTool(id, ButtonLabelOf(*command), CommandIcon(id, m_secondBar->GetForegroundColour()),
-                                 ToolTipOf(id), command->kind);
+            m_secondBar->AddTool(id, ButtonLabelOf(*command), CommandIcon(id, m_secondBar->GetForegroundColour()), {},
+                                 command->kind, ToolTipOf(id), LoadText(command->tip));
         }
     }
     m_secondBar->Realize();

@@ -50,6 +50,7 @@ private:
     bool FitStrip();
     bool FitSecondBar();
     void OnBarSize(wxSizeEvent& event);
+    void OnSecondBarEnter(wxCommandEvent& event);
     void OnSecondBarColours(wxSysColourChangedEvent& event);
     bool HoldsKeyboard(const wxWindow& pane) const;
     std::array<wxWindow*, 2> BothBars() const;

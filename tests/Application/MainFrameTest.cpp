@@ -265,6 +265,35 @@ TEST_F(MainFrameTest, TheMenuOfABarHasOneEntryThatShowsTheQuickToolBar)
     EXPECT_FALSE(frame->MakeBarMenu()->IsChecked(CommandSecondToolBar));
 }
 
+TEST_F(MainFrameTest, TheStatusBarTellsOfTheQuickToolBarsButtonUnderTheMouse)
+{
+    New();
+    const wxString before = Status(FrameStatusBar::MessagePane);
+    wxToolBar& bar = frame->Bars().SecondToolBar();
+    constexpr int FirstButton = 20;
+    ASSERT_TRUE(WaitFor([&] { return bar.IsShownOnScreen() && bar.GetSize().GetHeight() > 2 * FirstButton; }));
+    user.MouseMove(bar.ClientToScreen(wxPoint(FirstButton, FirstButton)));
+    EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::MessagePane) == LoadText(TextId::TipNew); }))
+        << Status(FrameStatusBar::MessagePane);
+    user.MouseMove(
+        frame->ClientToScreen(wxPoint(frame->GetClientSize().GetWidth() / 2, frame->GetClientSize().GetHeight() / 2)));
+    EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::MessagePane) == before; }));
+}
+
+TEST_F(MainFrameTest, TheStatusBarTellsOfAButtonOfTheQuickToolBarInAWindowOfItsOwnToo)
+{
+    New();
+    const wxString before = Status(FrameStatusBar::MessagePane);
+    wxToolBar& bar = frame->Bars().SecondToolBar();
+    frame->Bars().Manager().GetPane(&bar).Float().FloatingPosition(300, 300);
+    frame->Bars().Manager().Update();
+    ASSERT_NE(bar.GetParent(), frame);
+    bar.OnMouseEnter(wxID_OPEN); // what the toolkit calls
+    EXPECT_EQ(Status(FrameStatusBar::MessagePane), LoadText(TextId::TipOpen));
+    bar.OnMouseEnter(wxID_ANY);
+    EXPECT_EQ(Status(FrameStatusBar::MessagePane), before);
+}
+
 TEST_F(MainFrameTest, TheQuickToolBarHasTheCommandsWithTipsInTheirOrder)
 {
     wxToolBar& bar = frame->Bars().SecondToolBar();
