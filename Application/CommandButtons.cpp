@@ -76,6 +76,14 @@ void CommandButtons::Load(std::span<const int> commands)
     }
 }
 
+void CommandButtons::LoadPictures()
+{
+    for (wxAnyButton* const button : m_buttons)
+    {
+        button->SetBitmap(CommandIcon(button->GetId(), GetForegroundColour()));
+    }
+}
+
 void CommandButtons::SetButtonSize(int width, int height)
 {
     const wxSize size = FromDIP(wxSize(width, height));

@@ -23,6 +23,10 @@ public:
     /// the command table gets none.
     void Load(std::span<const int> commands);
 
+    /// Makes the pictures again in the colours of the theme. The buttons stay, also while one of
+    /// them carries out its command.
+    void LoadPictures();
+
     /// What each button takes at least, in units of a scale of 100 %; a label that needs more
     /// gets it.
     void SetButtonSize(int width, int height);

@@ -61,10 +61,7 @@ CQOXRMTabToolbar::CQOXRMTabToolbar(wxWindow* parent)
     SetBackgrounds();
 
     m_bar = new CommandButtons(m_tabs->GetPage(0));
-    wxFont font = m_bar->GetFont();
-    font.SetFaceName(ButtonFace); // where there is none of the name, the system takes what comes closest
-    font.SetWeight(wxFONTWEIGHT_NORMAL);
-    m_bar->SetFont(font);
+    m_bar->SetFont(ButtonFont(m_bar->GetFont()));
     LoadTab(0);
     const BarSize button = ButtonSizeOfLayout(m_buttonWidth);
     m_bar->SetButtonSize(button.width, button.height);
@@ -85,7 +82,7 @@ CQOXRMTabToolbar::CQOXRMTabToolbar(wxWindow* parent)
              m_surroundings.reset();
              SetBackgrounds();
              m_tabs->LoadPictures();
-             LoadTab(CurrentTab());
+             m_bar->LoadPictures();
          });
     Bind(wxEVT_DPI_CHANGED,
          [this](wxDPIChangedEvent& event)
@@ -93,6 +90,17 @@ CQOXRMTabToolbar::CQOXRMTabToolbar(wxWindow* parent)
              event.Skip();
              m_surroundings.reset();
          });
+}
+
+wxFont CQOXRMTabToolbar::ButtonFont(const wxFont& font)
+{
+    wxFont result = font;
+    if (!result.SetFaceName(ButtonFace))
+    {
+        result = font; // the toolkit leaves none if the system has none of the name
+    }
+    result.SetWeight(wxFONTWEIGHT_NORMAL);
+    return result;
 }
 
 void CQOXRMTabToolbar::SetBackgrounds()

@@ -33,6 +33,9 @@ public:
     /// Moves the keyboard to the first button that is enabled, or to the tabs.
     void FocusButtons();
 
+    /// The font of the buttons, out of the one that they would have.
+    static wxFont ButtonFont(const wxFont& font);
+
     int ButtonWidth() const { return m_buttonWidth; }
     CQOXRMTabCtrlEx& Tabs() { return *m_tabs; }
     CommandButtons& Bar() { return *m_bar; }

@@ -132,6 +132,45 @@ TEST_F(TabToolbarTest, ButtonsHaveLabelsPicturesAndTheTipsOfTheirCommands)
     }
 }
 
+TEST_F(TabToolbarTest, TheFontOfTheButtonsKeepsAllButItsFaceAndWeight)
+{
+    const wxFont theme(wxFontInfo(20).Family(wxFONTFAMILY_ROMAN).Italic().Bold());
+    const wxFont buttons = CQOXRMTabToolbar::ButtonFont(theme);
+    ASSERT_TRUE(buttons.IsOk());
+    EXPECT_EQ(buttons.GetPointSize(), 20);
+    EXPECT_EQ(buttons.GetStyle(), wxFONTSTYLE_ITALIC);
+    EXPECT_EQ(buttons.GetWeight(), wxFONTWEIGHT_NORMAL);
+    wxFont named = theme;
+    EXPECT_EQ(buttons.GetFaceName(), named.SetFaceName("Tahoma") ? "Tahoma" : theme.GetFaceName());
+}
+
+TEST_F(TabToolbarTest, AChangeOfTheThemeLeavesAButtonThatIsCarryingOutItsCommand)
+{
+    New();
+    Strip().ShowTab(1);
+    wxAnyButton* const button = Strip().Bar().Buttons()[1];
+    ASSERT_EQ(button->GetId(), CommandUnitSettings);
+    const wxWeakRef<wxWindow> watched(button);
+    const int width = LeastWidth();
+    frame->Bind(
+        wxEVT_MENU,
+        [&](wxCommandEvent&)
+        {
+            wxSysColourChangedEvent change;
+            change.SetEventObject(&Strip());
+            Strip().ProcessWindowEvent(change);
+            EXPECT_NE(watched.get(), nullptr);
+            host.Note("theme");
+        },
+        CommandUnitSettings);
+    wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+    click.SetEventObject(button);
+    button->GetParent()->ProcessWindowEvent(click);
+    EXPECT_EQ(Calls(), Strings{ "theme" });
+    EXPECT_TRUE(button->GetBitmap().IsOk());
+    EXPECT_EQ(LeastWidth(), width);
+}
+
 TEST_F(TabToolbarTest, EachTabSaysWhatItIsInATip)
 {
     const std::array tips = { TextId::TabFile, TextId::TabRules, TextId::TabModules, TextId::TabLog };
