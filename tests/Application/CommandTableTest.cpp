@@ -112,11 +112,63 @@ protected:
         case wxID_HELP:
             return once("help " + std::to_string(static_cast<int>(HelpTopic::Overview)));
         case wxID_ABOUT:
-            return once("dialog wxDialog") || once("dialog CAboutDlg");
+            return once("dialog wxDialog") &&
+                   catcher->titles.back() == FormatText(TextId::AboutTitle, { LoadText(TextId::ApplicationTitle) });
         default:
             ADD_FAILURE() << "no expectation for the command " << command;
             return false;
         }
+    }
+
+    /// Whether a command that was carried out can be once more: others than these always can.
+    bool IsEnabledAfter(int command) const
+    {
+        return command != wxID_CLOSE; // there is no document any more
+    }
+
+    /// The check mark of a command that has one, before and after it was carried out once.
+    static bool IsCheckedBefore(int command) { return command == CommandSecondToolBar; }
+    static bool IsCheckedAfter(int command) { return command == CommandToggleLog; }
+
+    /// Item and buttons show the states of a command.
+    void ExpectStates(const Command& row, bool enabled, bool checked)
+    {
+        if (row.menu)
+        {
+            EXPECT_EQ(OpenedItem(row.id).IsEnabled(), enabled);
+            EXPECT_EQ(row.kind == wxITEM_CHECK && Item(row.id)->IsChecked(), checked);
+        }
+        wxToolBar& bar = frame->Bars().SecondToolBar();
+        if (bar.FindById(row.id) != nullptr)
+        {
+            EXPECT_TRUE(WaitFor([&] { return bar.GetToolEnabled(row.id) == enabled; }));
+        }
+        for (wxAnyButton* const button : frame->Bars().Strip().Bar().Buttons())
+        {
+            if (button->GetId() == row.id)
+            {
+                EXPECT_TRUE(WaitFor([&] { return button->IsThisEnabled() == enabled; }));
+                const auto* const toggle = dynamic_cast<wxToggleButton*>(button);
+                EXPECT_TRUE(WaitFor([&] { return (toggle != nullptr && toggle->GetValue()) == checked; }));
+            }
+        }
+    }
+
+    /// Carries a command out in a way of the user's, with its states before and after.
+    template <typename Way>
+    void CarryOut(const Command& row, Way&& way)
+    {
+        document->Modify(row.id == wxID_SAVE);
+        ExpectStates(row, true, IsCheckedBefore(row.id));
+        way();
+        EXPECT_TRUE(WaitFor([&] { return Done(row.id); })) << testing::PrintToString(host.calls);
+        ExpectStates(row, IsEnabledAfter(row.id), IsCheckedAfter(row.id));
+    }
+
+    static bool StandsOnATab(int command)
+    {
+        return std::any_of(CommandTabs.begin(), CommandTabs.end(),
+                           [&](const CommandTab& tab) { return std::ranges::count(tab.commands, command) > 0; });
     }
 
     /// Another tab than the command's own, so that showing it changes something.
@@ -151,14 +203,10 @@ TEST_P(CommandRowTest, IsCarriedOutByItsMenuItem)
     Start();
     LeaveTabOf(Row().id);
     ASSERT_NE(Item(Row().id), nullptr);
-    EXPECT_TRUE(OpenedItem(Row().id).IsEnabled() || Row().id == wxID_SAVE); // there is nothing to save yet
+    EXPECT_TRUE(OpenedItem(Row().id).IsEnabled()); // a new document can be saved unchanged
     EXPECT_EQ(Item(Row().id)->IsCheckable(), Row().kind == wxITEM_CHECK);
     EXPECT_EQ(Item(Row().id)->GetHelp(), LoadText(Row().tip));
-    document->Modify(Row().id == wxID_SAVE);
-    EXPECT_TRUE(OpenedItem(Row().id).IsEnabled());
-    document->Modify(Row().id == wxID_SAVE);
-    EXPECT_TRUE(ChooseItem(Row().id));
-    EXPECT_TRUE(WaitFor([&] { return Done(Row().id); })) << testing::PrintToString(host.calls);
+    CarryOut(Row(), [&] { EXPECT_TRUE(ChooseItem(Row().id)); });
 }
 
 TEST_P(CommandRowTest, IsCarriedOutByItsKey)
@@ -171,15 +219,12 @@ TEST_P(CommandRowTest, IsCarriedOutByItsKey)
     }
     Start();
     LeaveTabOf(Row().id);
-    document->Modify(Row().id == wxID_SAVE);
-    frame->DoMenuUpdates();
     const std::unique_ptr<wxAcceleratorEntry> key(Item(Row().id)->GetAccel());
     ASSERT_NE(key, nullptr);
     int modifiers = wxMOD_NONE;
     modifiers |= (key->GetFlags() & wxACCEL_CTRL) != 0 ? wxMOD_CONTROL : wxMOD_NONE;
     modifiers |= (key->GetFlags() & wxACCEL_SHIFT) != 0 ? wxMOD_SHIFT : wxMOD_NONE;
-    user.Char(key->GetKeyCode(), modifiers);
-    EXPECT_TRUE(WaitFor([&] { return Done(Row().id); })) << testing::PrintToString(host.calls);
+    CarryOut(Row(), [&] { user.Char(key->GetKeyCode(), modifiers); });
 }
 
 TEST_P(CommandRowTest, IsCarriedOutByItsButtonInTheStrip)
@@ -195,30 +240,31 @@ TEST_P(CommandRowTest, IsCarriedOutByItsButtonInTheStrip)
             {
                 continue;
             }
-            document->Modify(Row().id == wxID_SAVE);
-            ASSERT_TRUE(WaitFor([&] { return button->IsThisEnabled(); }));
-            // What a click or a key on the button makes the toolkit send.
-            wxCommandEvent press(Row().kind == wxITEM_CHECK ? wxEVT_TOGGLEBUTTON : wxEVT_BUTTON, button->GetId());
-            press.SetEventObject(button);
-            EXPECT_TRUE(button->ProcessWindowEvent(press));
-            EXPECT_TRUE(WaitFor([&] { return Done(Row().id); })) << testing::PrintToString(host.calls);
+            EXPECT_TRUE(StandsOnATab(Row().id));
+            CarryOut(Row(),
+                     [&]
+                     {
+                         // What a click or a key on the button makes the toolkit send.
+                         wxCommandEvent press(Row().kind == wxITEM_CHECK ? wxEVT_TOGGLEBUTTON : wxEVT_BUTTON,
+                                              button->GetId());
+                         press.SetEventObject(button);
+                         EXPECT_TRUE(button->ProcessWindowEvent(press));
+                     });
             return;
         }
     }
+    EXPECT_FALSE(StandsOnATab(Row().id));
 }
 
 TEST_P(CommandRowTest, IsCarriedOutByItsButtonInTheQuickToolBar)
 {
     Start();
     wxToolBar& bar = frame->Bars().SecondToolBar();
-    if (bar.FindById(Row().id) == nullptr)
+    ASSERT_EQ(bar.FindById(Row().id) != nullptr, std::ranges::count(QuickBarCommands, Row().id) > 0);
+    if (bar.FindById(Row().id) != nullptr)
     {
-        return;
+        CarryOut(Row(), [&] { bar.OnLeftClick(Row().id, false); });
     }
-    document->Modify(Row().id == wxID_SAVE);
-    ASSERT_TRUE(WaitFor([&] { return bar.GetToolEnabled(Row().id); }));
-    bar.OnLeftClick(Row().id, false);
-    EXPECT_TRUE(WaitFor([&] { return Done(Row().id); })) << testing::PrintToString(host.calls);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, CommandRowTest, testing::Range(0, static_cast<int>(CommandTable.size())),
@@ -256,6 +302,15 @@ TEST_F(CommandTableTest, WithoutADocumentTheCommandsThatNeedOneAreDisabled)
             EXPECT_TRUE(WaitFor([&] { return button->IsThisEnabled() == enabled; })) << button->GetLabel();
         }
     }
+}
+
+TEST_F(CommandTableTest, TheBoxAboutTheProgramHasItsVersionBuildAndDate)
+{
+    ChooseItem(wxID_ABOUT);
+    const std::vector<wxString>& texts = catcher->texts;
+    const auto stands = [&](const std::wstring& text) { return std::ranges::count(texts, wxString(text)) == 1; };
+    EXPECT_TRUE(stands(L"Vantrel Rule Manager v4.0"));
+    EXPECT_TRUE(stands(FormatText(TextId::AboutBuild, { L"4.0.0.3175", L"Mar 23 2016" })));
 }
 
 TEST_F(CommandTableTest, TheRuleCommandsAreEnabledWhileOneRuleIsSelected)

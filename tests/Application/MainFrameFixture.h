@@ -57,10 +57,19 @@ class DialogCatcher : public wxModalDialogHook
 public:
     explicit DialogCatcher(HostStandIn& host) : m_host(host) { Register(); }
 
+    std::vector<wxString> titles;
+    std::vector<wxString> texts; ///< What the windows in the last one say.
+
 protected:
     int Enter(wxDialog* dialog) override
     {
         m_host.Note(std::string("dialog ") + wxString(dialog->GetClassInfo()->GetClassName()).ToStdString());
+        titles.push_back(dialog->GetTitle());
+        texts.clear();
+        for (const wxWindow* const child : dialog->GetChildren())
+        {
+            texts.push_back(child->GetLabel());
+        }
         return wxID_CANCEL;
     }
 
