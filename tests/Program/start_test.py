@@ -75,6 +75,23 @@ class StartTest(ProgramCase):
         self.wait_for_title(first, r"^milled-bracket.vrf \[Read-Only\] ")
         self.close(first)
 
+    def test_a_file_that_is_handed_over_while_a_rule_is_edited_is_refused_and_its_start_has_ended(self):
+        first = self.start(self.copy_sample("milled-bracket.vrf"))
+        self.focus("^milled-bracket.vrf - ")
+        self.press("End", "Return")
+        self.focus("^Edit Rule - ")
+        second = self.copy_sample("moulded-housing.vrf")
+        self.assertEqual(self.wait_for_end(self.start(second)), 0)
+        self.focus("^Edit Rule - ")
+        self.press("Escape")
+        self.wait_until(lambda: len(self.windows(first)) == 1, "the end of the editor")
+        self.focus("^milled-bracket.vrf - ")
+        self.assertTrue(self.can_lock(second), "it isn't open")
+        self.assertEqual(self.wait_for_end(self.start(second)), 0)
+        self.focus("^moulded-housing.vrf - ")
+        self.assertFalse(self.can_lock(second))
+        self.close(first)
+
     def test_second_start_without_a_file_brings_the_first_forward_and_ends(self):
         first = self.start(self.copy_sample("milled-bracket.vrf"))
         self.wait_for_title(first, "^milled-bracket.vrf - ")
