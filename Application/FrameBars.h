@@ -1,6 +1,6 @@
 #pragma once
 
-#include <wx/aui/framemanager.h>
+#include "Application/BarManager.h"
 
 #include <array>
 #include <functional>
@@ -59,6 +59,6 @@ private:
     wxFrame& m_frame;
     CQOXRMTabToolbar* m_strip = nullptr; // these two are owned by the window system
     wxToolBar* m_secondBar = nullptr;
-    mutable wxAuiManager m_manager; // a constant one answers nothing
+    mutable BarManager m_manager; // a constant one answers nothing
     bool m_fitting = false;
 };
