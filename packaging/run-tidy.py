@@ -3,8 +3,8 @@
 
     run-tidy.py <tree> <build folder> <jobs>
 
-What was found clean is remembered in the build folder under a digest of all that the
-answer depends on, so that a second run looks only at what has changed.
+What was found clean is remembered in the user's cache folder under a digest of all that the
+answer depends on, so that a second run looks only at what has changed, in another clone too.
 """
 
 import concurrent.futures
@@ -23,8 +23,31 @@ INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*[<"]([^>"]+)[>"]', re.MULTILIN
 FINDING = re.compile(r"^(?=/[^\n]*: (?:error|warning): )", re.MULTILINE)
 
 
-def digest(path, folders, common):
-    """Of the source, every header of ours that it reaches, and what they have in common."""
+# A month; marks that no run has asked for in that time are removed.
+KEPT_SECONDS = 30 * 24 * 3600
+
+
+def cache_folder():
+    """Where marks are kept; made if it isn't there. Old ones go."""
+    base = os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache")
+    folder = os.path.join(base, "vantrel-tidy")
+    os.makedirs(folder, exist_ok=True)
+    oldest = time.time() - KEPT_SECONDS
+    for entry in os.scandir(folder):
+        if entry.stat().st_mtime < oldest:
+            os.unlink(entry.path)
+    return folder
+
+
+def installed():
+    """What tells one state of the system's headers from another."""
+    with open("/var/lib/dpkg/status", "rb") as stream:
+        return hashlib.sha256(stream.read()).hexdigest()
+
+
+def digest(tree, path, folders, common):
+    """Of the source, every header of ours that it reaches, and what they have in common. Where the tree is
+    doesn't count."""
     seen = {}
     pending = [path]
     while pending:
@@ -41,6 +64,7 @@ def digest(path, folders, common):
                     pending.append(candidate)
                     break
     text = common + "".join(f"{file} {value}\n" for file, value in sorted(seen.items()))
+    text = text.replace(tree + os.sep, "").replace(tree, ".")
     return hashlib.sha256(text.encode()).hexdigest()
 
 
@@ -66,16 +90,17 @@ def main():
     with open(os.path.join(tree, ".clang-tidy"), encoding="utf-8") as stream:
         settings = stream.read()
     folders = [tree, os.path.join(tree, "Framework", "include"), os.path.join(build, "generated", "include")]
-    clean = os.path.join(build, "tidy")
-    os.makedirs(clean, exist_ok=True)
+    clean = cache_folder()
+    common = version + settings + installed()
     # The build folder lies in the tree, so the folders of ours are named.
     names = sorted({path[len(tree) + 1:].split(os.sep)[0] for path in commands} | {"Framework", "Platform"})
     headers = "^" + re.escape(tree) + "/(" + "|".join(re.escape(name) for name in names) + ")/"
 
     def look(path):
         started = time.monotonic()
-        mark = os.path.join(clean, digest(path, folders, version + settings + commands[path]))
+        mark = os.path.join(clean, digest(tree, path, folders, common + commands[path]))
         if os.path.exists(mark):
+            os.utime(mark)
             return path, 0, "", None
         result = subprocess.run([TIDY, "-p", build, "--quiet", f"--header-filter={headers}",
                                  "--extra-arg=-Wno-unknown-warning-option", path],
