@@ -52,7 +52,8 @@ class PasswordTest(ProgramCase):
         self.wait_until(lambda: read_bytes(path) == saved, "a save that doesn't ask again")
         self.close(process)
 
-    def test_rules_that_were_changed_by_hand_are_told_when_a_protected_file_is_opened(self):
+    def protected_sample(self):
+        """A rule file that the program has given the password "a"."""
         path = self.copy_sample("milled-bracket.vrf")
         process = self.start(path)
         self.focus("^milled-bracket.vrf - ")
@@ -62,6 +63,10 @@ class PasswordTest(ProgramCase):
         self.press("ctrl+s")
         self.wait_until(lambda: "Password" in self.root_attributes(path), "the password in the file")
         self.close(process)
+        return path
+
+    def test_rules_that_were_changed_by_hand_are_told_when_a_protected_file_is_opened(self):
+        path = self.protected_sample()
         changed = read_bytes(path).replace(b'Criticality="', b'Criticality=" ', 1)
         with open(path, "wb") as file:
             file.write(changed)
@@ -73,15 +78,7 @@ class PasswordTest(ProgramCase):
         self.close(process)
 
     def test_a_save_that_is_refused_at_the_password_leaves_the_file_free_until_the_next(self):
-        path = self.copy_sample("milled-bracket.vrf")
-        process = self.start(path)
-        self.focus("^milled-bracket.vrf - ")
-        self.press("ctrl+l")
-        self.type_into_box("^Set Password$", "a")
-        self.focus(r"^milled-bracket.vrf\* - ")
-        self.press("ctrl+s")
-        self.wait_for_title(process, "^milled-bracket.vrf - ")
-        self.close(process)
+        path = self.protected_sample()
 
         process = self.start(path)
         self.focus("^milled-bracket.vrf - ")
