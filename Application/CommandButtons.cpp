@@ -32,21 +32,22 @@ wxAnyButton* CommandButtons::MakeButton(int command)
     constexpr long Style = wxBORDER_NONE | wxBU_LEFT;
     // A label is shown as it is: what was an access key in the menu is none here.
     const wxString label = wxControl::EscapeMnemonics(ButtonLabelOf(row));
+    // Their size is measured once they have all that takes part in it.
+    const wxSize unmeasured(1, 1);
     wxAnyButton* button = nullptr; // owned by this window
     if (row.kind == wxITEM_CHECK)
     {
-        button = new wxToggleButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, Style);
+        button = new wxToggleButton(this, wxID_ANY, label, wxDefaultPosition, unmeasured, Style);
     }
     else
     {
-        button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, Style);
+        button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, unmeasured, Style);
     }
     // Only now: made with it, a button of a number that the toolkit knows would get an access key.
     button->SetId(command);
     button->SetBitmap(CommandIcon(command, GetForegroundColour()));
     button->SetBitmapMargins(FromDIP(LabelGap), 0);
     button->SetToolTip(ToolTipOf(command));
-    button->SetFont(GetFont());
     button->Bind(wxEVT_LEFT_DOWN,
                  [this](wxMouseEvent& event)
                  {

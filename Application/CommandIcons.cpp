@@ -89,12 +89,16 @@ wxBitmapBundle ProgramPicture(int size)
     return source == nullptr ? wxBitmapBundle() : Picture(TextOf(source->svg), size);
 }
 
-wxIconBundle ProgramIcons()
+wxIconBundle ProgramIcons(int largest)
 {
     wxIconBundle icons;
     const wxBitmapBundle picture = ProgramPicture();
     for (const int size : { 16, 24, 32, 48, 64, 256 })
     {
+        if (size > largest)
+        {
+            break;
+        }
         wxIcon icon;
         icon.CopyFromBitmap(picture.GetBitmap({ size, size }));
         icons.AddIcon(icon);

@@ -20,5 +20,6 @@ wxBitmapBundle NamedIcon(std::string_view name, const wxColour& ink = {});
 /// the scale of 100 %.
 wxBitmapBundle ProgramPicture(int size = 16);
 
-/// The same for windows, in the sizes that title bars and task switchers ask for.
-wxIconBundle ProgramIcons();
+/// The same for windows, in the sizes that title bars and task switchers ask for, up to `largest`
+/// pixels wide.
+wxIconBundle ProgramIcons(int largest = 256);

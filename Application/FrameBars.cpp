@@ -76,8 +76,10 @@ FrameBars::FrameBars(wxFrame& frame) : m_frame(frame)
     m_secondBar->Bind(wxEVT_SYS_COLOUR_CHANGED, &FrameBars::OnSecondBarColours, this);
     wxPersistenceManager::Get().Register(this, new PersistentBars(this)); // which owns it
     wxPersistenceManager::Get().Restore(this);
-    FitToDocks();
-    m_manager.Update();
+    if (!FitToDocks())
+    {
+        m_manager.Update();
+    }
 }
 
 FrameBars::~FrameBars()
@@ -102,7 +104,16 @@ void FrameBars::OnBarSize(wxSizeEvent& event)
 {
     event.Skip();
     // The manager tells nobody that the user has moved a bar to another side.
-    m_frame.CallAfter([this] { FitToDocks(); });
+    if (!m_fitRequested)
+    {
+        m_fitRequested = true;
+        m_frame.CallAfter(
+            [this]
+            {
+                m_fitRequested = false;
+                FitToDocks();
+            });
+    }
 }
 
 void FrameBars::OnSecondBarEnter(wxCommandEvent& event)
@@ -189,20 +200,22 @@ void FrameBars::KeepOwnWindows()
                    });
 }
 
-void FrameBars::FitToDocks()
+bool FrameBars::FitToDocks()
 {
     if (m_fitting)
     {
-        return;
+        return false;
     }
     m_fitting = true;
     const bool stripChanged = FitStrip();
     const bool secondChanged = FitSecondBar();
-    if (stripChanged || secondChanged)
+    const bool changed = stripChanged || secondChanged;
+    if (changed)
     {
         m_manager.Update();
     }
     m_fitting = false;
+    return changed;
 }
 
 bool FrameBars::FitStrip()

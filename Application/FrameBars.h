@@ -45,7 +45,8 @@ private:
     void AddPanes();
     void KeepOwnWindows();
     void Put(wxWindow& bar, const BarPlace& place);
-    void FitToDocks();
+    // True if the manager has laid its panes out again.
+    bool FitToDocks();
     // True if the manager has to lay its panes out again.
     bool FitStrip();
     bool FitSecondBar();
@@ -61,4 +62,5 @@ private:
     wxToolBar* m_secondBar = nullptr;
     mutable BarManager m_manager; // a constant one answers nothing
     bool m_fitting = false;
+    bool m_fitRequested = false;
 };

@@ -2,7 +2,6 @@
 
 #include "Utilities/Texts.h"
 
-#include <wx/dcclient.h>
 #include <wx/utils.h>
 
 #include <array>
@@ -33,24 +32,30 @@ FrameStatusBar::FrameStatusBar(wxWindow* parent) : wxStatusBar(parent)
     m_widths[MessagePane] = -1;
     for (const Indicator& indicator : Indicators)
     {
-        FitPane(indicator.pane, LoadText(indicator.text));
+        MeasurePane(indicator.pane, LoadText(indicator.text));
     }
-    UpdatePanes({});
+    UpdateCount(0); // the keyboard is asked when the window is there
 }
 
 void FrameStatusBar::UpdatePanes(const OpenFiles& files)
 {
-    const wxString count = FormatText(TextId::OpenFileCount, { std::to_wstring(files.count) });
-    if (count != GetStatusText(OpenFilesPane))
-    {
-        FitPane(OpenFilesPane, count);
-        SetStatusText(count, OpenFilesPane);
-    }
+    UpdateCount(files.count);
     const std::array states = { wxGetKeyState(WXK_CAPITAL), wxGetKeyState(WXK_NUMLOCK), wxGetKeyState(WXK_SCROLL),
                                 files.activeReadOnly };
     for (std::size_t index = 0; index < Indicators.size(); ++index)
     {
         SetPane(Indicators[index].pane, states[index] ? wxString(LoadText(Indicators[index].text)) : wxString());
+    }
+}
+
+void FrameStatusBar::UpdateCount(int count)
+{
+    const wxString text = FormatText(TextId::OpenFileCount, { std::to_wstring(count) });
+    if (text != GetStatusText(OpenFilesPane))
+    {
+        MeasurePane(OpenFilesPane, text);
+        SetStatusWidths(PaneCount, m_widths);
+        SetStatusText(text, OpenFilesPane);
     }
 }
 
@@ -62,14 +67,11 @@ void FrameStatusBar::SetPane(Pane pane, const wxString& text)
     }
 }
 
-void FrameStatusBar::FitPane(Pane pane, const wxString& text)
+void FrameStatusBar::MeasurePane(Pane pane, const wxString& text)
 {
-    wxClientDC device(this);
-    device.SetFont(GetFont());
-    m_widths[pane] = device.GetTextExtent(text).GetWidth() + FromDIP(PaneMargin);
+    m_widths[pane] = GetTextExtent(text).GetWidth() + FromDIP(PaneMargin);
     if (pane == PaneCount - 1)
     {
         m_widths[pane] += GetSize().GetHeight(); // the grip of the window, a square, is taken out of it
     }
-    SetStatusWidths(PaneCount, m_widths);
 }

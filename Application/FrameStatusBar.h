@@ -32,7 +32,8 @@ public:
 
 private:
     void SetPane(Pane pane, const wxString& text);
-    void FitPane(Pane pane, const wxString& text);
+    void UpdateCount(int count);
+    void MeasurePane(Pane pane, const wxString& text);
 
     int m_widths[PaneCount] = {};
 };

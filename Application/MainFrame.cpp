@@ -19,6 +19,10 @@ namespace
 constexpr int StartWidth = 1150;
 constexpr int StartHeight = 720;
 
+// The largest icon that title bars ask for. Larger ones are for switching between programs, and
+// to draw them and hand them to the window system would hold up the window.
+constexpr int TitleIconSize = 32;
+
 } // namespace
 
 CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
@@ -26,7 +30,8 @@ CQOXRMMainFrame::CQOXRMMainFrame(wxDocManager* manager, IMainFrameHost& host)
                           wxDefaultSize, wxDEFAULT_FRAME_STYLE | wxNO_FULL_REPAINT_ON_RESIZE),
       m_host(host)
 {
-    SetIcons(ProgramIcons());
+    SetIcons(ProgramIcons(TitleIconSize));
+    Bind(wxEVT_ACTIVATE, &CQOXRMMainFrame::OnFirstActivate, this);
     SetName("MainFrame");
     RestorePlace(*this, { StartWidth, StartHeight });
     MakeMenus();
@@ -167,6 +172,16 @@ void CQOXRMMainFrame::BringForward()
 bool CQOXRMMainFrame::OnCopyData(const void* data, std::size_t size)
 {
     return TakeForwardedFile(data, size, [this](const std::wstring& path) { m_host.OpenDocumentFile(path); });
+}
+
+void CQOXRMMainFrame::OnFirstActivate(wxActivateEvent& event)
+{
+    event.Skip();
+    if (event.GetActive())
+    {
+        Unbind(wxEVT_ACTIVATE, &CQOXRMMainFrame::OnFirstActivate, this);
+        CallAfter([this] { SetIcons(ProgramIcons()); });
+    }
 }
 
 void CQOXRMMainFrame::OnDropFiles(wxDropFilesEvent& event)

@@ -71,6 +71,7 @@ private:
     void BindCommands();
     void BindStates();
     void FocusRules();
+    void OnFirstActivate(wxActivateEvent& event);
     void OnDropFiles(wxDropFilesEvent& event);
     void OnAbout(wxCommandEvent& event);
 

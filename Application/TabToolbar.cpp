@@ -5,7 +5,6 @@
 #include "Application/TabBarSizes.h"
 #include "Application/TabCtrlEx.h"
 
-#include <wx/dcscreen.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
@@ -26,14 +25,16 @@ constexpr int FloatingFrame = 36; // title and grip of a window of its own
 // The strip keeps its size with each tab, so it has room for the one with the most buttons.
 constexpr int MostButtons = static_cast<int>(TabCommands::File.size());
 
-std::vector<int> LabelWidths(const wxDC& device, std::span<const int> commands)
+std::vector<int> LabelWidths(const wxWindow& window, std::span<const int> commands)
 {
     std::vector<int> widths;
     for (const int id : commands)
     {
         if (const Command* const command = FindCommand(id))
         {
-            widths.push_back(device.GetTextExtent(ButtonLabelOf(*command)).GetWidth());
+            int height = 0;
+            window.GetTextExtent(ButtonLabelOf(*command), &widths.emplace_back(), &height, nullptr, nullptr,
+                                 wxNORMAL_FONT);
         }
     }
     return widths;
@@ -41,10 +42,8 @@ std::vector<int> LabelWidths(const wxDC& device, std::span<const int> commands)
 
 int MeasuredButtonWidth(const wxWindow& window)
 {
-    wxScreenDC screen;
-    screen.SetFont(*wxNORMAL_FONT);
     return window.ToDIP(
-        TabBarButtonWidth(LabelWidths(screen, TabCommands::File), LabelWidths(screen, TabCommands::Modules)));
+        TabBarButtonWidth(LabelWidths(window, TabCommands::File), LabelWidths(window, TabCommands::Modules)));
 }
 
 } // namespace
@@ -61,7 +60,11 @@ CQOXRMTabToolbar::CQOXRMTabToolbar(wxWindow* parent)
     SetBackgrounds();
 
     m_bar = new CommandButtons(m_tabs->GetPage(0));
-    m_bar->SetFont(ButtonFont(m_bar->GetFont()));
+    const wxFont usual = m_bar->GetFont();
+    if (const wxFont font = ButtonFont(usual); !font.IsSameAs(usual))
+    {
+        m_bar->SetFont(font); // a font of its own gives each button a style of its own
+    }
     LoadTab(0);
     const BarSize button = ButtonSizeOfLayout(m_buttonWidth);
     m_bar->SetButtonSize(button.width, button.height);
@@ -99,7 +102,10 @@ wxFont CQOXRMTabToolbar::ButtonFont(const wxFont& font)
     {
         result = font; // the toolkit leaves none if the system has none of the name
     }
-    result.SetWeight(wxFONTWEIGHT_NORMAL);
+    if (result.GetWeight() != wxFONTWEIGHT_NORMAL)
+    {
+        result.SetWeight(wxFONTWEIGHT_NORMAL);
+    }
     return result;
 }
 

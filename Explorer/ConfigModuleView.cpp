@@ -182,7 +182,7 @@ void CQOXRMConfigModuleView::MakeControls()
     m_form = new wxPanel(GetFrame());
     m_ruleList = new CQOXRMListCtrlEx(m_form);
     m_summaryLabel = new wxStaticText(m_form, wxID_ANY, LoadText(TextId::SummaryLabel));
-    m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+    m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, { 1, 1 }, // placed later
                                    wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL | wxBORDER_THEME);
 
     NameForScreenReaders(*m_ruleList, LoadText(TextId::RuleListName));

@@ -25,16 +25,11 @@ bool RuleTableDatabase::GetProperty(const std::wstring& table, const std::wstrin
                                     double& value)
 {
     const auto found = m_tables->find(table);
-    const RuleTableEntry* const entry = found != m_tables->end() ? found->second.Find(name) : nullptr;
-    if (entry == nullptr)
+    if (found == m_tables->end())
     {
         return false;
     }
-    const auto known = entry->properties.find(property);
-    if (known == entry->properties.end())
-    {
-        return false;
-    }
-    value = known->second;
-    return true;
+    const std::optional<double> number = found->second.Number(name, property);
+    value = number.value_or(value);
+    return number.has_value();
 }

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -128,6 +129,7 @@ SqliteDatabase OpenReadOnly(const std::wstring& path)
 RuleTableEntry EntryOfRow(sqlite3_stmt* row, const std::vector<std::wstring>& columns, const TableSource& source)
 {
     RuleTableEntry entry;
+    entry.numbers.resize(columns.size(), std::numeric_limits<double>::quiet_NaN());
     for (std::size_t index = 0; index < columns.size(); ++index)
     {
         const int column = static_cast<int>(index);
@@ -141,20 +143,16 @@ RuleTableEntry EntryOfRow(sqlite3_stmt* row, const std::vector<std::wstring>& co
         }
         else if (IsNumber(sqlite3_column_type(row, column)))
         {
-            const double value = sqlite3_column_double(row, column);
-            if (std::isfinite(value))
-            {
-                entry.properties.emplace(columns[index], value);
-            }
+            entry.numbers[index] = sqlite3_column_double(row, column);
         }
     }
     return entry;
 }
 
 /// Reads all rows of the statement; false if it doesn't come to its end.
-bool ReadTable(sqlite3_stmt* statement, const TableSource& source, RuleTable& table)
+bool ReadTable(sqlite3_stmt* statement, const std::vector<std::wstring>& columns, const TableSource& source,
+               RuleTable& table)
 {
-    const std::vector<std::wstring> columns = ColumnNames(statement);
     int result = sqlite3_step(statement);
     for (; result == SQLITE_ROW; result = sqlite3_step(statement))
     {
@@ -173,10 +171,22 @@ void RuleTable::Add(RuleTableEntry entry)
     }
 }
 
-const RuleTableEntry* RuleTable::Find(const std::wstring& name) const
+std::optional<double> RuleTable::Number(const std::wstring& name, std::wstring_view column) const
 {
     const auto found = m_places.find(name);
-    return found != m_places.end() ? &m_entries[found->second] : nullptr;
+    if (found == m_places.end())
+    {
+        return std::nullopt;
+    }
+    const std::vector<double>& numbers = m_entries[found->second].numbers;
+    for (std::size_t index = 0; index < m_columns.size(); ++index)
+    {
+        if (m_columns[index] == column && std::isfinite(numbers[index]))
+        {
+            return numbers[index];
+        }
+    }
+    return std::nullopt;
 }
 
 std::wstring_view ProblemText(RuleTableProblem problem)
@@ -231,8 +241,9 @@ std::unique_ptr<const RuleTables> ReadRuleTables(const std::wstring& path, RuleT
         }
         // Neither by [] nor by try_emplace: they leave a symbol in the module that the loader
         // holds to be unique in the process, and such a library is never unloaded.
-        RuleTable& table = tables->emplace(source.name, RuleTable()).first->second;
-        if (!ReadTable(statement.get(), source, table))
+        const std::vector<std::wstring> columns = ColumnNames(statement.get());
+        RuleTable& table = tables->emplace(source.name, RuleTable(columns)).first->second;
+        if (!ReadTable(statement.get(), columns, source, table))
         {
             return nullptr;
         }

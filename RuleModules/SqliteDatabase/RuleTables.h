@@ -2,9 +2,11 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 /// One entry of a table.
@@ -12,22 +14,25 @@ struct RuleTableEntry
 {
     std::wstring name;
     std::wstring group;
-    std::map<std::wstring, double> properties;
+    std::vector<double> numbers; ///< One for each column of the table; not a number where the row has none.
 };
 
 /// A table in the order in which it is offered.
 class RuleTable
 {
 public:
+    explicit RuleTable(std::vector<std::wstring> columns) : m_columns(std::move(columns)) {}
+
     /// An entry without a name, or with one that is there already, is left out.
     void Add(RuleTableEntry entry);
 
     const std::vector<RuleTableEntry>& Entries() const { return m_entries; }
 
-    /// The entry with the name, or null.
-    const RuleTableEntry* Find(const std::wstring& name) const;
+    /// The number that the entry of the name has in a column, if it has one.
+    std::optional<double> Number(const std::wstring& name, std::wstring_view column) const;
 
 private:
+    std::vector<std::wstring> m_columns;
     std::vector<RuleTableEntry> m_entries;
     std::unordered_map<std::wstring, std::size_t> m_places;
 };

@@ -102,6 +102,8 @@ TEST_F(CommandIconsTest, TheProgramsPictureHasItsOwnColoursAndComesInTheSizesOfW
         ASSERT_TRUE(icon.IsOk()) << size;
         EXPECT_EQ(icon.GetWidth(), size);
     }
+    EXPECT_TRUE(ProgramIcons(32).GetIcon(wxSize(32, 32), wxIconBundle::FALLBACK_NONE).IsOk());
+    EXPECT_FALSE(ProgramIcons(32).GetIcon(wxSize(48, 48), wxIconBundle::FALLBACK_NONE).IsOk());
 }
 
 } // namespace

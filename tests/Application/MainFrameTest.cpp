@@ -215,6 +215,14 @@ TEST_F(MainFrameTest, AnIndicatorTellsOfAReadOnlyFile)
     EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane).empty(); }));
 }
 
+TEST_F(MainFrameTest, TheWindowHasItsLargeIconsOnceItIsInUse)
+{
+    const auto hasIcon = [this](int size)
+    { return frame->GetIcons().GetIcon(wxSize(size, size), wxIconBundle::FALLBACK_NONE).IsOk(); };
+    EXPECT_TRUE(hasIcon(16) && hasIcon(32)) << "title bars ask for them at once";
+    EXPECT_TRUE(WaitFor([&] { return hasIcon(48) && hasIcon(256); }));
+}
+
 TEST_F(MainFrameTest, TheIndicatorOfAReadOnlyFileIsShownWholeBesideTheGripOfTheWindow)
 {
     wxStatusBar& bar = *frame->GetStatusBar();

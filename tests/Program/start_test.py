@@ -178,17 +178,27 @@ class StartTest(ProgramCase):
         self.focus("^\uc774\ub984 \uc5c6\uc74c1 - ")
         self.close(process)
 
-    def test_the_window_comes_back_where_it_was(self):
+    def window_of_new_document(self):
+        """Starts the program; its process, the window and the size of the window."""
         process = self.start()
         self.focus("^unnamed1 - ")
         window = xdotool("search", "--onlyvisible", "--name", "^unnamed1 - ")[0]
+        geometry = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window) if "=" in line)
+        return process, window, (int(geometry["WIDTH"]), int(geometry["HEIGHT"]))
+
+    def test_the_window_comes_back_where_it_was(self):
+        process, window, _ = self.window_of_new_document()
         xdotool("windowsize", "--sync", window, "800", "500")
         self.close(process)
-        self.start()
-        self.focus("^unnamed1 - ")
-        window = xdotool("search", "--onlyvisible", "--name", "^unnamed1 - ")[0]
-        geometry = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window) if "=" in line)
-        self.assertEqual((geometry["WIDTH"], geometry["HEIGHT"]), ("800", "500"))
+        self.assertEqual(self.window_of_new_document()[2], (800, 500))
+
+    def test_a_window_that_is_left_alone_keeps_its_size_from_start_to_start(self):
+        process, _, size = self.window_of_new_document()
+        self.close(process)
+        for _ in range(2):
+            process, _, next_size = self.window_of_new_document()
+            self.assertEqual(next_size, size)
+            self.close(process)
 
 
 if __name__ == "__main__":
