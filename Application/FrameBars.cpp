@@ -224,6 +224,10 @@ bool FrameBars::FitStrip()
     const bool atSide = IsSide(strip);
     m_strip->SetVertical(atSide || strip.IsFloating());
     wxSize room = m_frame.GetClientSize();
+    if (!atSide && room.GetWidth() < m_strip->FloatingSize().GetWidth())
+    {
+        return false; // some window systems make a window from next to nothing to its size
+    }
     if (m_strip->GetSize().GetWidth() >= m_strip->FloatingSize().GetWidth())
     {
         room.SetWidth(m_strip->GetSize().GetWidth()); // else it has no place yet

@@ -186,9 +186,10 @@ void CQOXRMMainFrame::OnFirstActivate(wxActivateEvent& event)
 
 void CQOXRMMainFrame::OnDropFiles(wxDropFilesEvent& event)
 {
+    // Later: until this returns, the program that they are dragged from waits, and opening may ask.
     for (int index = 0; index < event.GetNumberOfFiles(); ++index)
     {
-        m_host.OpenDocumentFile(event.GetFiles()[index].ToStdWstring());
+        CallAfter([this, path = event.GetFiles()[index].ToStdWstring()] { m_host.OpenDocumentFile(path); });
     }
 }
 

@@ -1,6 +1,7 @@
 // The main window's own work: files from elsewhere, recent files, status bar, bars.
 
 #include "Application/CommandBars.h"
+#include "Application/TabToolbar.h"
 #include "Modules/ApplicationGlobals.h"
 #include "Platform/Text.h"
 #include "tests/Application/MainFrameFixture.h"
@@ -97,6 +98,8 @@ TEST_F(MainFrameTest, FilesThatAreDroppedAreOpenedWhateverTheyAreCalled)
     wxDropFilesEvent event(wxEVT_DROP_FILES, 2, files);
     event.SetEventObject(frame);
     frame->ProcessWindowEvent(event);
+    EXPECT_TRUE(host.opened.empty()) << "the program that they are dragged from waits";
+    ASSERT_TRUE(WaitFor([&] { return host.opened.size() >= 2; }));
     EXPECT_EQ(host.opened, (std::vector<std::wstring>{ L"/rules/a.vrf", L"/rules/b.QoxRule" }));
 }
 
@@ -213,6 +216,19 @@ TEST_F(MainFrameTest, AnIndicatorTellsOfAReadOnlyFile)
     EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane) == LoadText(TextId::IndicatorReadOnly); }));
     host.files.activeReadOnly = false;
     EXPECT_TRUE(WaitFor([&] { return Status(FrameStatusBar::ReadOnlyPane).empty(); }));
+}
+
+TEST_F(MainFrameTest, AWindowThatIsNextToNothingLeavesTheStripTheRoomItHad)
+{
+    const auto leastHeight = [this]
+    { return frame->Bars().Manager().GetPane(&frame->Bars().Strip()).min_size.GetHeight(); };
+    const int oneRow = frame->Bars().Strip().WantedSize({ 2000, 1000 }).GetHeight();
+    ASSERT_TRUE(WaitFor([&] { return leastHeight() == oneRow; }));
+    // So small it is for a moment where window systems make it from nothing to its size.
+    frame->SetClientSize(2, 1);
+    frame->Bars().Strip().SetSize(0, 1);
+    frame->Bars().SetLayout({}); // fits the strip
+    EXPECT_EQ(leastHeight(), oneRow);
 }
 
 TEST_F(MainFrameTest, TheWindowHasItsLargeIconsOnceItIsInUse)
