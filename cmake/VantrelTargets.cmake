@@ -206,9 +206,8 @@ function(vantrel_test target)
     else()
         list(APPEND environment "DISPLAY=unset:" "WAYLAND_DISPLAY=unset:")
     endif()
-    if(launcher)
-        set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
-    endif()
+    list(APPEND launcher "${PROJECT_SOURCE_DIR}/cmake/whole-test.sh")
+    set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${launcher}")
 
     # The list goes through several scripts of CMake, each of which would split it.
     string(REPLACE ";" "\\\\\\\\\\\\\\\\;" environment "${environment}")
