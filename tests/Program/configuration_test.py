@@ -159,7 +159,7 @@ class ConfigurationTest(ProgramCase):
         self.assertEqual(sorted(self.all_rules()), sorted(sum(map(rules_on_record, modules), [])))
 
     def test_a_new_script_folder_is_made_and_stored(self):
-        folder = os.path.join(self.folder, "R\u00e8gles")
+        folder = os.path.join(self.folder, "new rules")
         process = self.start()
         self.focus("^unnamed1 - ")
         self.choose("m", "s")

@@ -120,8 +120,12 @@ class ProgramCase(unittest.TestCase):
         return process.wait(LIMIT_SECONDS)
 
     def focus(self, pattern):
-        window = self.wait_until(lambda: xdotool("search", "--onlyvisible", "--name", pattern), f"window {pattern!r}")
-        xdotool("windowactivate", "--sync", window[0])
+        def found():
+            return xdotool("search", "--onlyvisible", "--name", pattern)
+
+        xdotool("windowactivate", "--sync", self.wait_until(found, f"window {pattern!r}")[0])
+        # The window manager counts it as active before keys go to it, or to a question over it.
+        self.wait_until(lambda: set(xdotool("getwindowfocus")) & set(found()), f"the keyboard in {pattern!r}")
 
     def cover(self, window):
         """Opens a window of another program, which becomes the active one."""
