@@ -92,18 +92,11 @@ void ParameterXml::Read(CQoxParamStorage& parameter, ParamKind kind, pugi::xml_n
 {
     parameter.eKind = kind;
     VantrelXml::UnknownParts unknown;
-    VantrelXml::NameFinder finder(AttributeNames);
-    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute())
-    {
-        if (const std::optional<std::size_t> place = finder.Find(attribute.name()))
-        {
-            ReadAttribute(parameter, static_cast<Attribute>(*place), attribute.value());
-        }
-        else
-        {
-            unknown.Keep(attribute);
-        }
-    }
+    VantrelXml::ReadAttributes(
+        element, AttributeNames,
+        [&parameter](std::size_t place, const char* value)
+        { ReadAttribute(parameter, static_cast<Attribute>(place), value); },
+        unknown);
 
     VantrelXml::ListReader choices(parameter.choices);
     for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())

@@ -119,23 +119,20 @@ void RuleXml::Read(CQoxRule& rule, pugi::xml_node element)
 
 void RuleXml::ReadAttributes(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)
 {
-    VantrelXml::NameFinder finder(AttributeNames);
-    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute())
-    {
-        const std::optional<std::size_t> place = finder.Find(attribute.name());
-        if (!place)
+    VantrelXml::ReadAttributes(
+        element, AttributeNames,
+        [&rule](std::size_t place, const char* value)
         {
-            unknown.Keep(attribute);
-        }
-        else if (AttributeTexts[*place] == nullptr)
-        {
-            rule.m_nCriticality = ParseInteger(attribute.value()).value_or(rule.m_nCriticality);
-        }
-        else
-        {
-            AssignWide(rule.*AttributeTexts[*place], attribute.value());
-        }
-    }
+            if (AttributeTexts[place] == nullptr)
+            {
+                rule.m_nCriticality = ParseInteger(value).value_or(rule.m_nCriticality);
+            }
+            else
+            {
+                AssignWide(rule.*AttributeTexts[place], value);
+            }
+        },
+        unknown);
 }
 
 void RuleXml::ReadChildren(CQoxRule& rule, pugi::xml_node element, VantrelXml::UnknownParts& unknown)

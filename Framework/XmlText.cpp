@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +21,9 @@ namespace
 
 /// Texts up to this length are converted without taking memory.
 constexpr std::size_t QuickLength = 512;
+
+/// Names that a table of attributes may have.
+constexpr std::size_t MostNames = 32;
 
 /// What a list is prepared for before its length is known.
 constexpr std::size_t UsualListLength = 8;
@@ -123,21 +127,34 @@ bool NarrowPlain(std::wstring_view text, char* bytes)
     return plain;
 }
 
-} // namespace
-
-std::optional<std::size_t> NameFinder::Find(const char* name)
+/// Finds names in a table of them. Files list attributes in the table's order, so the next
+/// one is nearly always the right one.
+class NameFinder
 {
-    for (std::size_t tried = 0; tried < m_names.size(); ++tried)
+public:
+    explicit NameFinder(std::span<const char* const> names) : m_names(names) {}
+
+    /// The place of the name in the table; nothing if it isn't there.
+    std::optional<std::size_t> Find(const char* name)
     {
-        const std::size_t place = m_next < m_names.size() ? m_next : 0;
-        m_next = place + 1;
-        if (std::strcmp(m_names[place], name) == 0)
+        for (std::size_t tried = 0; tried < m_names.size(); ++tried)
         {
-            return place;
+            const std::size_t place = m_next < m_names.size() ? m_next : 0;
+            m_next = place + 1;
+            if (std::strcmp(m_names[place], name) == 0)
+            {
+                return place;
+            }
         }
+        return std::nullopt;
     }
-    return std::nullopt;
-}
+
+private:
+    std::span<const char* const> m_names;
+    std::size_t m_next = 0;
+};
+
+} // namespace
 
 void AssignWide(std::wstring& text, const char* utf8)
 {
@@ -247,6 +264,14 @@ void ListReader::Diverge()
     }
 }
 
+void UnknownParts::Keep(const pugi::xml_attribute& attribute)
+{
+    if (!m_attributeNames.contains(attribute.name()))
+    {
+        m_attributeNames.insert(Element().append_copy(attribute).name());
+    }
+}
+
 std::string UnknownParts::Markup() const
 {
     return m_element ? MarkupOf(m_element) : std::string();
@@ -259,6 +284,26 @@ pugi::xml_node UnknownParts::Element()
         m_element = m_document.emplace().append_child("unknown");
     }
     return m_element;
+}
+
+void ReadAttributes(pugi::xml_node element, std::span<const char* const> names, const AttributeReader& reader,
+                    UnknownParts& unknown)
+{
+    NameFinder finder(names);
+    std::bitset<MostNames> taken;
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute())
+    {
+        const std::optional<std::size_t> place = finder.Find(attribute.name());
+        if (!place)
+        {
+            unknown.Keep(attribute);
+        }
+        else if (!taken[*place])
+        {
+            taken.set(*place);
+            reader(*place, attribute.value());
+        }
+    }
 }
 
 void AppendUnknown(pugi::xml_node element, const std::string& markup)

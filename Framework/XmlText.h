@@ -6,29 +6,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace VantrelXml
 {
-
-/// Finds names in a table of them. Files list attributes in the table's order, so the next
-/// one is nearly always the right one.
-class NameFinder
-{
-public:
-    explicit NameFinder(std::span<const char* const> names) : m_names(names) {}
-
-    /// The place of the name in the table; nothing if it isn't there.
-    std::optional<std::size_t> Find(const char* name);
-
-private:
-    std::span<const char* const> m_names;
-    std::size_t m_next = 0;
-};
 
 /// Takes over UTF-8 as wide text; quick for the ASCII that rule files are full of.
 void AssignWide(std::wstring& text, const char* utf8);
@@ -89,7 +76,8 @@ private:
 class UnknownParts
 {
 public:
-    void Keep(const pugi::xml_attribute& attribute) { Element().append_copy(attribute); }
+    /// Of attributes of one name the first is kept.
+    void Keep(const pugi::xml_attribute& attribute);
     void Keep(const pugi::xml_node& child) { Element().append_copy(child); }
 
     /// The parts as the markup of one element, for `AppendUnknown`. Empty if there are none.
@@ -100,7 +88,17 @@ private:
 
     std::optional<pugi::xml_document> m_document;
     pugi::xml_node m_element;
+    std::unordered_set<std::string_view> m_attributeNames; // of the document
 };
+
+/// What becomes of the value of an attribute that is known, by its place in the table of names.
+using AttributeReader = std::function<void(std::size_t place, const char* value)>;
+
+/// Hands out the attributes of an element that are known, and keeps the others. The parser
+/// lets an element have a name twice: the first counts, as for whoever asks for it by name.
+/// Takes tables of up to 32 names.
+void ReadAttributes(pugi::xml_node element, std::span<const char* const> names, const AttributeReader& reader,
+                    UnknownParts& unknown);
 
 /// Appends the attributes and children of markup that was kept unread.
 void AppendUnknown(pugi::xml_node element, const std::string& markup);

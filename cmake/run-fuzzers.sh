@@ -37,7 +37,21 @@ runOne()
     else
         echo "failed $name (status $?, $log)" | tee -a "$results"
         tail -n 60 "$log"
+        showFinding "$name" "$log"
     fi
+}
+
+# The input that was found, as text: of a machine that is gone by then, the log is what is left.
+showFinding()
+{
+    local name=$1 log=$2 finding
+    finding=$(sed -n 's/.*Test unit written to //p' "$log")
+    [ -f "$finding" ] || return 0
+    # The frames of the fuzzer's own loop say nothing.
+    grep -E '^ +#[0-9]+ ' "$log" | grep -vE ' in (fuzzer::|__sanitizer|main |_start|__libc_)|/libc\.so|nptl/|stdlib/abort'
+    echo "The input, base64 of gzip (base64 -d | gunzip):"
+    gzip -9 <"$finding" | base64 -w 120 | head -c 20000
+    echo "The input of $name is $finding"
 }
 
 [ -s "$build/fuzzers.txt" ] || { echo "There are no fuzz targets." >&2; exit 1; }

@@ -163,6 +163,15 @@ TEST_F(RuleFileReaderTest, AMarkInAnotherCaseGoesToTheModulesFirstAndThenBecomes
     EXPECT_EQ(CallsOf(L"TestModuleComplete"), "SetXMLDoc GetRule");
 }
 
+TEST_F(RuleFileReaderTest, AUserDefinedRuleWithTheMarkAndAnotherModuleIsNotLostByASave)
+{
+    EXPECT_TRUE(Load("<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\" RuleModule=\"Milling\"/></Lumeq>"));
+    EXPECT_TRUE(record.WriteRuleFile(ToNarrow(path)));
+    CQOXRMLumeq saved;
+    EXPECT_TRUE(saved.LoadRuleFile(ToNarrow(path)));
+    EXPECT_EQ(saved.GetCount(), 1);
+}
+
 TEST_F(RuleFileReaderTest, AListOfRulesIsReadWithoutTellingTheModulesOfTheDocument)
 {
     application.LoadRuleModules({ L"TestModuleComplete" });

@@ -171,6 +171,42 @@ TEST_F(QoxRuleTest, UnknownAttributesAndChildrenSurvive)
     EXPECT_EQ(NodePtr(copy.GetXML())->GetXML(), std::wstring(markup.begin(), markup.end()));
 }
 
+TEST_F(QoxRuleTest, OfAttributesOfOneNameTheFirstCounts)
+{
+    const NodePtr element =
+        Parse("<Rule RuleModule=\"M\" RuleName=\"R\" Criticality=\"3\" Owner=\"a\" Criticality=\"4\" "
+              "RuleName=\"S\" Owner=\"b\" RuleModule=\"N\">"
+              "<Parameter Number=\"1\" Kind=\"number\" Value=\"2\" Value=\"3\" Unit=\"c\" "
+              "Number=\"5\" Kind=\"text\" Unit=\"d\"/></Rule>");
+    ConcreteQOXRule rule;
+    rule.PopulateParametersFromXML(element.get());
+    EXPECT_EQ(rule.m_strRuleModule, L"M");
+    EXPECT_EQ(rule.m_strRuleName, L"R");
+    EXPECT_EQ(rule.m_nCriticality, 3);
+    ASSERT_EQ(rule.Parameters().size(), 1u);
+    EXPECT_EQ(rule.Parameters()[0].nNumber, 1);
+    EXPECT_EQ(rule.Parameters()[0].eKind, ParamKind::Number);
+    EXPECT_EQ(rule.Parameters()[0].dValue, 2);
+    EXPECT_EQ(NodePtr(rule.GetXML())->GetXML(),
+              L"<Rule RuleModule=\"M\" RuleName=\"R\" DisplayName=\"\" Category=\"\" Criticality=\"3\" ModulePath=\"\" "
+              L"HelpFile=\"\" Summary=\"\" Summary2=\"\" Owner=\"a\"><Parameter Number=\"1\" Name=\"\" Label=\"\" "
+              L"Kind=\"number\" Value=\"2\" Default=\"0\" Help=\"\" Unit=\"c\"/></Rule>");
+}
+
+TEST_F(QoxRuleTest, AnAbsurdNumberOfAttributesCostsNoMoreThanItsSize)
+{
+    std::string bytes = "<Rule";
+    for (int number = 0; number < 50000; ++number)
+    {
+        bytes += " a" + std::to_string(number) + "=\"\"";
+    }
+    const NodePtr element = Parse(bytes + "/>");
+    ConcreteQOXRule rule;
+    rule.PopulateParametersFromXML(element.get());
+    const std::wstring markup = NodePtr(rule.GetXML())->GetXML();
+    EXPECT_NE(markup.find(L" a49999=\"\"/>"), std::wstring::npos);
+}
+
 TEST_F(QoxRuleTest, WhatTheElementLacksStaysAndWhatCannotBeReadTooStays)
 {
     ConcreteQOXRule rule;
