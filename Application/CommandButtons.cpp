@@ -2,6 +2,7 @@
 
 #include "Application/CommandBars.h"
 #include "Application/CommandIcons.h"
+#include "Utilities/UnmeasuredSize.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -32,16 +33,14 @@ wxAnyButton* CommandButtons::MakeButton(int command)
     constexpr long Style = wxBORDER_NONE | wxBU_LEFT;
     // A label is shown as it is: what was an access key in the menu is none here.
     const wxString label = wxControl::EscapeMnemonics(ButtonLabelOf(row));
-    // Their size is measured once they have all that takes part in it.
-    const wxSize unmeasured(1, 1);
     wxAnyButton* button = nullptr; // owned by this window
     if (row.kind == wxITEM_CHECK)
     {
-        button = new wxToggleButton(this, wxID_ANY, label, wxDefaultPosition, unmeasured, Style);
+        button = new wxToggleButton(this, wxID_ANY, label, wxDefaultPosition, UnmeasuredSize, Style);
     }
     else
     {
-        button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, unmeasured, Style);
+        button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, UnmeasuredSize, Style);
     }
     // Only now: made with it, a button of a number that the toolkit knows would get an access key.
     button->SetId(command);

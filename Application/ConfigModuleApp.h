@@ -28,6 +28,9 @@ public:
     int OnRun() override;
     int OnExit() override;
 
+    /// All languages of the program are written from the left, whatever the desktop's is.
+    wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
+
     ModuleSet& Modules() override { return m_modules; }
     IUserPrompt& Prompt() override { return m_prompt; }
     void ShowHelp(HelpTopic topic) override;

@@ -202,11 +202,6 @@ void FrameBars::KeepOwnWindows()
 
 bool FrameBars::FitToDocks()
 {
-    if (m_fitting)
-    {
-        return false;
-    }
-    m_fitting = true;
     const bool stripChanged = FitStrip();
     const bool secondChanged = FitSecondBar();
     const bool changed = stripChanged || secondChanged;
@@ -214,7 +209,6 @@ bool FrameBars::FitToDocks()
     {
         m_manager.Update();
     }
-    m_fitting = false;
     return changed;
 }
 
@@ -224,7 +218,7 @@ bool FrameBars::FitStrip()
     const bool atSide = IsSide(strip);
     m_strip->SetVertical(atSide || strip.IsFloating());
     wxSize room = m_frame.GetClientSize();
-    if (!atSide && room.GetWidth() < m_strip->FloatingSize().GetWidth())
+    if (!atSide && room.GetHeight() < m_strip->HeightOfRows(1))
     {
         return false; // some window systems make a window from next to nothing to its size
     }

@@ -61,6 +61,5 @@ private:
     CQOXRMTabToolbar* m_strip = nullptr; // these two are owned by the window system
     wxToolBar* m_secondBar = nullptr;
     mutable BarManager m_manager; // a constant one answers nothing
-    bool m_fitting = false;
     bool m_fitRequested = false;
 };

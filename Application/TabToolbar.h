@@ -27,7 +27,10 @@ public:
     /// there is the width of the strip's place and the height of the inside of its frame.
     wxSize WantedSize(const wxSize& room) const;
 
-    /// The same for a strip in a window of its own.
+    /// The height of a strip with that many rows of buttons.
+    int HeightOfRows(int rows) const;
+
+    /// The size that suits a strip in a window of its own.
     wxSize FloatingSize() const;
 
     /// Moves the keyboard to the first button that is enabled, or to the tabs.
@@ -51,7 +54,6 @@ private:
 
     void LoadTab(int tab);
     void SetBackgrounds();
-    int HeightOfRows(int rows) const;
     int WidthOfButton() const;
     int LeastWidth() const;
     int Margin() const;

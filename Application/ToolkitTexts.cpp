@@ -25,26 +25,26 @@ constexpr const char* Language = "en_VR";
 
 struct ToolkitText
 {
-    const char* original; ///< As the toolkit's sources have it.
+    const wchar_t* original; ///< As the toolkit's sources have it.
     TextId id;
 };
 
 /// Labels of standard buttons are not among them: the toolkit would take a translated one
 /// for its own, and some systems put that into the system's language.
 constexpr std::array ToolkitTexts = {
-    ToolkitText{ "unnamed", TextId::ToolkitUnnamed },
-    ToolkitText{ "unnamed%d", TextId::ToolkitUnnamedNumber },
-    ToolkitText{ "&Window", TextId::ToolkitMenuWindow },
-    ToolkitText{ "&Next", TextId::ToolkitWindowNext },
-    ToolkitText{ "&Previous", TextId::ToolkitWindowPrevious },
-    ToolkitText{ "&Cascade", TextId::ToolkitWindowCascade },
-    ToolkitText{ "Tile &Horizontally", TextId::ToolkitWindowTileHorizontally },
-    ToolkitText{ "Tile &Vertically", TextId::ToolkitWindowTileVertically },
-    ToolkitText{ "&Arrange Icons", TextId::ToolkitWindowArrangeIcons },
-    ToolkitText{ "Save As", TextId::ToolkitSaveAs },
-    ToolkitText{ "Open File", TextId::ToolkitOpenFile },
-    ToolkitText{ "Please choose an existing file.", TextId::ToolkitFileMustExist },
-    ToolkitText{ "Error", TextId::ToolkitError },
+    ToolkitText{ L"unnamed", TextId::ToolkitUnnamed },
+    ToolkitText{ L"unnamed%d", TextId::ToolkitUnnamedNumber },
+    ToolkitText{ L"&Window", TextId::ToolkitMenuWindow },
+    ToolkitText{ L"&Next", TextId::ToolkitWindowNext },
+    ToolkitText{ L"&Previous", TextId::ToolkitWindowPrevious },
+    ToolkitText{ L"&Cascade", TextId::ToolkitWindowCascade },
+    ToolkitText{ L"Tile &Horizontally", TextId::ToolkitWindowTileHorizontally },
+    ToolkitText{ L"Tile &Vertically", TextId::ToolkitWindowTileVertically },
+    ToolkitText{ L"&Arrange Icons", TextId::ToolkitWindowArrangeIcons },
+    ToolkitText{ L"Save As", TextId::ToolkitSaveAs },
+    ToolkitText{ L"Open File", TextId::ToolkitOpenFile },
+    ToolkitText{ L"Please choose an existing file.", TextId::ToolkitFileMustExist },
+    ToolkitText{ L"Error", TextId::ToolkitError },
 };
 
 void AppendNumber(std::string& bytes, std::size_t number)
@@ -101,7 +101,7 @@ public:
                                                                      "Content-Type: text/plain; charset=UTF-8\n" } };
         for (const ToolkitText& text : ToolkitTexts)
         {
-            pairs.emplace_back(text.original, wxString(LoadText(text.id)).utf8_string());
+            pairs.emplace_back(wxString(text.original).utf8_string(), wxString(LoadText(text.id)).utf8_string());
         }
         const std::string catalogue = MessageCatalogue(std::move(pairs));
         wxCharBuffer buffer(catalogue.size());
@@ -121,6 +121,12 @@ public:
 
 void TranslateToolkit()
 {
+    const bool sameTexts = std::all_of(ToolkitTexts.begin(), ToolkitTexts.end(),
+                                       [](const ToolkitText& text) { return LoadText(text.id) == text.original; });
+    if (sameTexts)
+    {
+        return; // in English; a catalogue makes the toolkit's table of languages
+    }
     auto translations = std::make_unique<wxTranslations>();
     translations->SetLoader(new ToolkitTextLoader); // owned by the translations
     translations->SetLanguage(Language);

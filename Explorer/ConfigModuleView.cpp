@@ -10,6 +10,7 @@
 #include "Modules/FrameworkLibrary.h"
 #include "Utilities/ScreenReader.h"
 #include "Utilities/Texts.h"
+#include "Utilities/UnmeasuredSize.h"
 #include "Utilities/UserPrompt.h"
 
 #include <Vantrel/FrameworkFunctions.h>
@@ -182,7 +183,7 @@ void CQOXRMConfigModuleView::MakeControls()
     m_form = new wxPanel(GetFrame());
     m_ruleList = new CQOXRMListCtrlEx(m_form);
     m_summaryLabel = new wxStaticText(m_form, wxID_ANY, LoadText(TextId::SummaryLabel));
-    m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, { 1, 1 }, // placed later
+    m_summaryList = new wxListCtrl(m_form, wxID_ANY, wxDefaultPosition, UnmeasuredSize,
                                    wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL | wxBORDER_THEME);
 
     NameForScreenReaders(*m_ruleList, LoadText(TextId::RuleListName));

@@ -1,6 +1,7 @@
 #include "Explorer/ListCtrlEx.h"
 
 #include "Explorer/RowSelection.h"
+#include "Utilities/UnmeasuredSize.h"
 
 #include <wx/dcclient.h>
 #include <wx/renderer.h>
@@ -18,14 +19,10 @@ constexpr double ColumnAir = 1.2;
 constexpr int MarginOfBox = 5;
 constexpr int MarginOfText = 8;
 
-// The view places the control. Made without a size, it would measure letters to propose one.
-constexpr int UnplacedSide = 1;
-
 } // namespace
 
 CQOXRMListCtrlEx::CQOXRMListCtrlEx(wxWindow* parent)
-    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, { UnplacedSide, UnplacedSide },
-                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME),
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, UnmeasuredSize, wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME),
       m_search(*this), m_widths([this](const std::wstring& text) { return MeasureText(text); })
 {
     EnableCheckBoxes();

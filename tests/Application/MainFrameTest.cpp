@@ -231,6 +231,17 @@ TEST_F(MainFrameTest, AWindowThatIsNextToNothingLeavesTheStripTheRoomItHad)
     EXPECT_EQ(leastHeight(), oneRow);
 }
 
+TEST_F(MainFrameTest, AWindowThatIsMadeNarrowInOneGoShowsAllButtons)
+{
+    CQOXRMTabToolbar& strip = frame->Bars().Strip();
+    const wxSize narrow(strip.FloatingSize().GetWidth() / 2, 700);
+    frame->SetClientSize(narrow);
+    strip.SetSize(narrow.GetWidth(), strip.GetSize().GetHeight());
+    frame->Bars().SetLayout({}); // fits the strip
+    EXPECT_EQ(frame->Bars().Manager().GetPane(&strip).min_size.GetHeight(), strip.WantedSize(narrow).GetHeight());
+    EXPECT_GT(strip.WantedSize(narrow).GetHeight(), strip.HeightOfRows(1));
+}
+
 TEST_F(MainFrameTest, TheWindowHasItsLargeIconsOnceItIsInUse)
 {
     const auto hasIcon = [this](int size)
