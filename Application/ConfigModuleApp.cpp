@@ -16,6 +16,7 @@
 #include "Platform/Automation.h"
 #include "Platform/Environment.h"
 #include "Platform/Files.h"
+#include "Platform/Fonts.h"
 #include "Platform/Process.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
@@ -136,6 +137,7 @@ bool CQOXRMConfigModuleApp::InitInstance()
     {
         onStart();
     }
+    Platform::PrepareFonts(); // while the modules load
     ReadConfigModules(m_modules.ConfigModulePaths());
     ReadDBModules(m_modules.DBModulePaths());
     LoadAllModules();

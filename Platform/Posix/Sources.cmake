@@ -54,7 +54,7 @@ set(VANTREL_PLATFORM_SOURCES
 set(VANTREL_PLATFORM_LINK ${CMAKE_DL_LIBS} PkgConfig::LibMd)
 
 pkg_check_modules(GLib REQUIRED IMPORTED_TARGET glib-2.0 gobject-2.0)
-set(VANTREL_PLATFORM_LOOP_SOURCES Posix/InstanceInbox.cpp Posix/MenuIcons.cpp Posix/ScrollBars.cpp)
+set(VANTREL_PLATFORM_LOOP_SOURCES Posix/Fonts.cpp Posix/InstanceInbox.cpp Posix/MenuIcons.cpp Posix/ScrollBars.cpp)
 set(VANTREL_PLATFORM_LOOP_LINK ${CMAKE_DL_LIBS} PkgConfig::GLib)
 
 # What a language library needs beside its texts. The folder of the languages reads it.
