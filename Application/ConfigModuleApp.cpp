@@ -369,7 +369,8 @@ void CQOXRMConfigModuleApp::ShowScriptLocation()
 {
     const auto show = [this](std::wstring& scriptFolder, std::wstring& databaseFolder)
     {
-        CQOXRMScriptLocnDlg dialog(m_mainFrame, scriptFolder, !OpenDocuments(*m_documents).empty(), m_prompt);
+        CQOXRMScriptLocnDlg dialog(
+            m_mainFrame, scriptFolder, [this] { return !OpenDocuments(*m_documents).empty(); }, m_prompt);
         const bool accepted = dialog.ShowModal() == wxID_OK;
         databaseFolder = dialog.DatabaseFolder();
         return accepted;

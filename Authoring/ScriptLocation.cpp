@@ -10,6 +10,7 @@
 #include "Utilities/UserPrompt.h"
 
 #include <tuple>
+#include <utility>
 
 namespace
 {
@@ -32,9 +33,9 @@ bool IsAcceptable(DirectoryState state)
 
 } // namespace
 
-ScriptLocation::ScriptLocation(std::wstring& scriptFolder, bool documentsOpen, IUserPrompt& prompt)
-    : m_scriptFolder(scriptFolder), m_databaseFolder(CurrentDatabaseFolder()), m_documentsOpen(documentsOpen),
-      m_prompt(prompt)
+ScriptLocation::ScriptLocation(std::wstring& scriptFolder, std::function<bool()> areDocumentsOpen, IUserPrompt& prompt)
+    : m_scriptFolder(scriptFolder), m_databaseFolder(CurrentDatabaseFolder()),
+      m_areDocumentsOpen(std::move(areDocumentsOpen)), m_prompt(prompt)
 {
 }
 
@@ -48,7 +49,7 @@ ScriptLocation::Refused ScriptLocation::Accept(const std::wstring& scriptBox, co
     {
         return Refused::DatabaseFolder;
     }
-    if (m_scriptFolderChanged && m_documentsOpen)
+    if (m_scriptFolderChanged && m_areDocumentsOpen())
     {
         Show(m_prompt, BoxKind::Warning, LoadText(TextId::ScriptFolderChanged));
     }

@@ -13,8 +13,9 @@ class ScriptLocation
 {
 public:
     /// `scriptFolder` belongs to the caller and takes a new folder as soon as it is found good.
-    /// `documentsOpen` tells whether rule files are open.
-    ScriptLocation(std::wstring& scriptFolder, bool documentsOpen, IUserPrompt& prompt);
+    /// `areDocumentsOpen` tells whether rule files are open: another start may hand one over
+    /// while the user thinks.
+    ScriptLocation(std::wstring& scriptFolder, std::function<bool()> areDocumentsOpen, IUserPrompt& prompt);
 
     const std::wstring& ScriptFolder() const { return m_scriptFolder; }
     const std::wstring& DatabaseFolder() const { return m_databaseFolder; }
@@ -40,7 +41,7 @@ private:
     std::wstring& m_scriptFolder;
     std::wstring m_databaseFolder;
     bool m_scriptFolderChanged = false;
-    bool m_documentsOpen;
+    std::function<bool()> m_areDocumentsOpen;
     IUserPrompt& m_prompt;
 };
 

@@ -10,6 +10,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <utility>
+
 namespace
 {
 
@@ -19,11 +21,11 @@ constexpr int FieldWidth = 380;
 
 } // namespace
 
-CQOXRMScriptLocnDlg::CQOXRMScriptLocnDlg(wxWindow* parent, std::wstring& scriptFolder, bool documentsOpen,
-                                         IUserPrompt& prompt)
+CQOXRMScriptLocnDlg::CQOXRMScriptLocnDlg(wxWindow* parent, std::wstring& scriptFolder,
+                                         std::function<bool()> areDocumentsOpen, IUserPrompt& prompt)
     : wxDialog(parent, wxID_ANY, LoadText(TextId::ScriptLocationTitle), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      m_location(scriptFolder, documentsOpen, prompt), m_prompt(prompt)
+      m_location(scriptFolder, std::move(areDocumentsOpen), prompt), m_prompt(prompt)
 {
     MakeControls();
     m_scriptFolder->ChangeValue(m_location.ScriptFolder());

@@ -4,6 +4,9 @@
 
 #include <wx/dialog.h>
 
+#include <functional>
+#include <string>
+
 class wxTextCtrl;
 
 /// Lets the user change the folders of scripts and of the rule database.
@@ -12,7 +15,8 @@ class CQOXRMScriptLocnDlg : public wxDialog
 public:
     /// `scriptFolder` belongs to the caller and has the new folder once the dialog has ended
     /// with OK; `prompt` outlives the dialog.
-    CQOXRMScriptLocnDlg(wxWindow* parent, std::wstring& scriptFolder, bool documentsOpen, IUserPrompt& prompt);
+    CQOXRMScriptLocnDlg(wxWindow* parent, std::wstring& scriptFolder, std::function<bool()> areDocumentsOpen,
+                        IUserPrompt& prompt);
 
     /// The database folder, once the dialog has ended with OK.
     const std::wstring& DatabaseFolder() const { return m_location.DatabaseFolder(); }

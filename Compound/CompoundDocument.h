@@ -159,7 +159,6 @@ class ICompoundDocument
 {
 public:
     explicit ICompoundDocument(std::uint32_t flavour) : type(flavour) {}
-    virtual ~ICompoundDocument() = default;
     ICompoundDocument(const ICompoundDocument&) = delete;
     ICompoundDocument& operator=(const ICompoundDocument&) = delete;
 
@@ -167,6 +166,8 @@ public:
 
     /// Owned by the document; null if the file can't be read or written.
     virtual ICompoundFolder* GetRootFolder() = 0;
+
+    virtual ~ICompoundDocument() = default; // here: modules are built against this order
 };
 
 /// The image of a document in memory.

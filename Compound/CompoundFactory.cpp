@@ -55,13 +55,16 @@ std::uint32_t CreateCompoundDocument(const wchar_t* path, std::uint32_t mode, st
     }
     *document = nullptr;
     const wchar_t* const givenPath = path != nullptr ? path : L"";
-    if (const std::uint32_t error = PreparePath(givenPath, mode); error != 0)
-    {
-        return error;
-    }
     const auto make = type == CompoundTypeZip ? CreateZipDocument : CreateStructuredDocument;
-    *document = NullWithoutMemory([&] { return make(givenPath, mode); }).release();
-    return 0;
+    std::uint32_t error = 0;
+    *document = NullWithoutMemory(
+                    [&]
+                    {
+                        error = PreparePath(givenPath, mode);
+                        return error == 0 ? make(givenPath, mode) : nullptr;
+                    })
+                    .release();
+    return error;
 }
 
 std::uint32_t CreateCompoundDocumentOnMemory(IMemoryFile* memory, std::uint32_t mode, std::uint32_t type,

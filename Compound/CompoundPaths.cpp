@@ -1,6 +1,7 @@
 #include "Compound/CompoundPaths.h"
 
 #include "Compound/CompoundDocument.h"
+#include "Compound/CompoundObject.h"
 #include "Platform/Text.h"
 
 #include <algorithm>
@@ -86,9 +87,13 @@ ICompoundFolder* OpenFolderByPath(ICompoundFolder* folder, const wchar_t* path, 
     {
         return nullptr;
     }
-    const std::wstring relative = GetRelativePath(folder, path);
-    const auto pieces = SplitCompoundPath(relative);
-    return OpenPieces(folder, pieces, pieces.size(), mode);
+    return NullWithoutMemory(
+        [&]
+        {
+            const std::wstring relative = GetRelativePath(folder, path);
+            const auto pieces = SplitCompoundPath(relative);
+            return OpenPieces(folder, pieces, pieces.size(), mode);
+        });
 }
 
 ICompoundFile* OpenFileByPath(ICompoundFolder* folder, const wchar_t* path, std::uint32_t mode)
@@ -97,14 +102,18 @@ ICompoundFile* OpenFileByPath(ICompoundFolder* folder, const wchar_t* path, std:
     {
         return nullptr;
     }
-    const std::wstring relative = GetRelativePath(folder, path);
-    const auto pieces = SplitCompoundPath(relative);
-    if (pieces.empty())
-    {
-        return nullptr;
-    }
-    ICompoundFolder* const parent = OpenPieces(folder, pieces, pieces.size() - 1, mode);
-    return parent != nullptr ? parent->OpenFile(std::wstring(pieces.back()).c_str(), mode) : nullptr;
+    return NullWithoutMemory(
+        [&]() -> ICompoundFile*
+        {
+            const std::wstring relative = GetRelativePath(folder, path);
+            const auto pieces = SplitCompoundPath(relative);
+            if (pieces.empty())
+            {
+                return nullptr;
+            }
+            ICompoundFolder* const parent = OpenPieces(folder, pieces, pieces.size() - 1, mode);
+            return parent != nullptr ? parent->OpenFile(std::wstring(pieces.back()).c_str(), mode) : nullptr;
+        });
 }
 
 std::wstring JoinCompoundName(const wchar_t* prefix, const wchar_t* name)

@@ -17,7 +17,7 @@ constexpr const wchar_t* RootName = L"root:";
 } // namespace
 
 MSCompoundDocument::MSCompoundDocument(const wchar_t* path, std::uint32_t mode)
-    : MSCompoundObject(mode, nullptr, nullptr), ICompoundDocument(CompoundTypeStructured), m_path(path)
+    : MSCompoundObject(mode, nullptr, path), ICompoundDocument(CompoundTypeStructured)
 {
 }
 
@@ -41,15 +41,16 @@ MSCompoundDocument::MSCompoundDocument(MSMemoryFile* memory, std::uint32_t mode)
 
 ICompoundFolder* MSCompoundDocument::GetRootFolder()
 {
-    if (m_rootFolder == nullptr && !m_path.empty())
+    const std::wstring path = Name() != nullptr ? Name() : L""; // a document in memory has no name
+    if (m_rootFolder == nullptr && !path.empty())
     {
         if (SharesMode(CompoundModeRead))
         {
-            MakeRoot(Platform::OpenStorageFile(m_path, ReadFileMode).object);
+            MakeRoot(Platform::OpenStorageFile(path, ReadFileMode).object);
         }
         else if (SharesMode(CompoundModeWrite))
         {
-            MakeRoot(Platform::CreateStorageFile(m_path, MakeFileMode).object);
+            MakeRoot(Platform::CreateStorageFile(path, MakeFileMode).object);
         }
     }
     return m_rootFolder.get();

@@ -5,7 +5,6 @@
 #include "Platform/StructuredStorage.h"
 
 #include <memory>
-#include <string>
 
 class MSMemoryFile;
 
@@ -14,7 +13,7 @@ class MSMemoryFile;
 class MSCompoundDocument : public MSCompoundObject, public ICompoundDocument
 {
 public:
-    /// A document on disk. Nothing is opened before the root is asked for.
+    /// A document on disk, which is named by its path. Nothing is opened before the root is asked for.
     MSCompoundDocument(const wchar_t* path, std::uint32_t mode);
 
     /// A document in memory that isn't owned. Null, or a file without memory, gives no root.
@@ -29,6 +28,5 @@ private:
     void MakeRoot(std::unique_ptr<Platform::Storage> storage);
 
     Platform::StorageThread m_thread; // outlives all that is open
-    std::wstring m_path;              // empty if the document is in memory
     std::unique_ptr<MSCompoundFolder> m_rootFolder;
 };

@@ -25,6 +25,10 @@ const std::wstring MissingDrive = L"Z:\\missing drive";
 class ScriptLocationTest : public testing::Test
 {
 protected:
+    // Whether rule files are open.
+    static bool None() { return false; }
+    static bool Some() { return true; }
+
     ScriptLocationTest()
     {
         for (const wchar_t* const name : { L"scripts", L"other", L"database" })
@@ -79,7 +83,7 @@ protected:
 
 TEST_F(ScriptLocationTest, TheBoxesShowTheScriptFolderAndTheVariable)
 {
-    const ScriptLocation location(script, false, prompt);
+    const ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.ScriptFolder(), script);
     EXPECT_EQ(location.DatabaseFolder(), folder.File(L"database"));
 }
@@ -87,13 +91,13 @@ TEST_F(ScriptLocationTest, TheBoxesShowTheScriptFolderAndTheVariable)
 TEST_F(ScriptLocationTest, WithoutTheVariableTheDatabaseBoxIsEmpty)
 {
     Platform::SetProcessVariable(DatabaseFolderVariable, std::nullopt);
-    EXPECT_EQ(ScriptLocation(script, false, prompt).DatabaseFolder(), L"");
+    EXPECT_EQ(ScriptLocation(script, None, prompt).DatabaseFolder(), L"");
 }
 
 TEST_F(ScriptLocationTest, UnchangedBoxesAreTakenWithoutATest)
 {
     script = L"no path";
-    ScriptLocation location(script, true, prompt);
+    ScriptLocation location(script, Some, prompt);
     EXPECT_EQ(location.Accept(L"no path", location.DatabaseFolder()), ScriptLocation::Refused::Nothing);
     EXPECT_TRUE(prompt.texts.empty());
 }
@@ -103,7 +107,7 @@ TEST_F(ScriptLocationTest, AChangeOfOnlyTheCaseDoesNothing)
     const std::wstring before = script;
     std::wstring upper = script;
     upper.replace(upper.size() - 7, 7, L"SCRIPTS");
-    ScriptLocation location(script, true, prompt);
+    ScriptLocation location(script, Some, prompt);
     EXPECT_EQ(location.Accept(upper, location.DatabaseFolder()), ScriptLocation::Refused::Nothing);
     EXPECT_EQ(script, before);
     EXPECT_TRUE(prompt.texts.empty());
@@ -112,7 +116,7 @@ TEST_F(ScriptLocationTest, AChangeOfOnlyTheCaseDoesNothing)
 TEST_F(ScriptLocationTest, ANewFolderIsMadeOnYesAndTakenAlsoWhileADocumentIsOpen)
 {
     prompt.answer = true;
-    ScriptLocation location(script, true, prompt);
+    ScriptLocation location(script, Some, prompt);
     const std::wstring wanted = folder.File(L"R\u00E8gles \u898F\u5247");
     EXPECT_EQ(location.Accept(wanted, location.DatabaseFolder()), ScriptLocation::Refused::Nothing);
     EXPECT_EQ(script, wanted);
@@ -123,15 +127,25 @@ TEST_F(ScriptLocationTest, ANewFolderIsMadeOnYesAndTakenAlsoWhileADocumentIsOpen
 
 TEST_F(ScriptLocationTest, WithoutAnOpenDocumentNothingIsWarnedOf)
 {
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(folder.File(L"other"), location.DatabaseFolder()), ScriptLocation::Refused::Nothing);
     EXPECT_EQ(script, folder.File(L"other"));
     EXPECT_TRUE(prompt.texts.empty());
 }
 
+TEST_F(ScriptLocationTest, ADocumentThatIsOpenedWhileTheUserThinksIsWarnedOfToo)
+{
+    bool open = false;
+    ScriptLocation location(
+        script, [&open] { return open; }, prompt);
+    open = true;
+    EXPECT_EQ(location.Accept(folder.File(L"other"), location.DatabaseFolder()), ScriptLocation::Refused::Nothing);
+    EXPECT_EQ(prompt.kinds, std::vector{ BoxKind::Warning });
+}
+
 TEST_F(ScriptLocationTest, AFolderThatCanNotBeWrittenToIsTakenAfterAWarning)
 {
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(NotWritable, NotWritable), ScriptLocation::Refused::Nothing);
     EXPECT_EQ(script, NotWritable);
     EXPECT_EQ(location.DatabaseFolder(), NotWritable);
@@ -141,7 +155,7 @@ TEST_F(ScriptLocationTest, AFolderThatCanNotBeWrittenToIsTakenAfterAWarning)
 TEST_F(ScriptLocationTest, ARefusedScriptFolderLeavesTheDatabaseBoxUntested)
 {
     const std::wstring before = script;
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(folder.File(L"none"), L"no path"), ScriptLocation::Refused::ScriptFolder);
     EXPECT_EQ(script, before);
     EXPECT_EQ(prompt.texts.size(), 1u);
@@ -151,7 +165,7 @@ TEST_F(ScriptLocationTest, ARefusedScriptFolderLeavesTheDatabaseBoxUntested)
 
 TEST_F(ScriptLocationTest, AnInvalidDatabaseFolderIsRefusedAndTheOldOneStays)
 {
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(script, L""), ScriptLocation::Refused::DatabaseFolder);
     EXPECT_EQ(location.Accept(script, L"Z:\\missing drive"), ScriptLocation::Refused::DatabaseFolder);
     EXPECT_EQ(location.DatabaseFolder(), folder.File(L"database"));
@@ -160,7 +174,7 @@ TEST_F(ScriptLocationTest, AnInvalidDatabaseFolderIsRefusedAndTheOldOneStays)
 
 TEST_F(ScriptLocationTest, AScriptFolderThatWasTakenStaysTakenWhenTheDatabaseFolderIsRefused)
 {
-    ScriptLocation location(script, true, prompt);
+    ScriptLocation location(script, Some, prompt);
     EXPECT_EQ(location.Accept(folder.File(L"other"), L"no path"), ScriptLocation::Refused::DatabaseFolder);
     EXPECT_EQ(script, folder.File(L"other"));
     prompt.texts.clear();
@@ -170,7 +184,7 @@ TEST_F(ScriptLocationTest, AScriptFolderThatWasTakenStaysTakenWhenTheDatabaseFol
 
 TEST_F(ScriptLocationTest, ABrowsedDatabaseFolderIsNotTestedAgain)
 {
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     location.TakeBrowsedDatabaseFolder(L"somewhere");
     EXPECT_EQ(location.Accept(script, L"somewhere"), ScriptLocation::Refused::Nothing);
     EXPECT_TRUE(prompt.texts.empty());
@@ -179,7 +193,7 @@ TEST_F(ScriptLocationTest, ABrowsedDatabaseFolderIsNotTestedAgain)
 TEST_F(ScriptLocationTest, APathThatWouldDamageTheConfigurationFileIsRefused)
 {
     prompt.answer = true;
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     for (const wchar_t* const name : { L"[open", L"a[b]c", L"blank at end ", L"line\nend" })
     {
         EXPECT_EQ(location.Accept(folder.File(name), location.DatabaseFolder()), ScriptLocation::Refused::ScriptFolder);
@@ -192,7 +206,7 @@ TEST_F(ScriptLocationTest, ALetterThatTheCodePageLacksIsRefused)
 {
     const ScopedLocale narrow("C");
     prompt.answer = true;
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(folder.File(L"\u898F\u5247"), location.DatabaseFolder()),
               ScriptLocation::Refused::ScriptFolder);
     EXPECT_EQ(prompt.kinds, std::vector{ BoxKind::Error }) << "it is not even asked about";
@@ -202,7 +216,7 @@ TEST_F(ScriptLocationTest, AScriptFolderOnAMissingDriveIsNoFullPathHereAndRefuse
 {
     const std::wstring before = script;
     prompt.answer = true;
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(MissingDrive, location.DatabaseFolder()), ScriptLocation::Refused::ScriptFolder);
     EXPECT_EQ(script, before);
     ASSERT_EQ(prompt.texts.size(), 1u);
@@ -224,7 +238,7 @@ TEST_F(ScriptLocationTest, WhateverFolderIsNamedTheConfigurationFileStaysWhole)
             config,
             [&](std::wstring& scriptFolder, std::wstring& databaseFolder)
             {
-                ScriptLocation location(scriptFolder, false, prompt);
+                ScriptLocation location(scriptFolder, None, prompt);
                 databaseFolder = location.DatabaseFolder();
                 return location.Accept(wanted, databaseFolder) == ScriptLocation::Refused::Nothing;
             },
@@ -248,7 +262,7 @@ TEST_F(ScriptLocationTest, WhateverFolderIsNamedTheConfigurationFileStaysWhole)
 TEST_F(ScriptLocationTest, APathOf400CharactersIsAskedAboutAndCanNotBeMade)
 {
     prompt.answer = true;
-    ScriptLocation location(script, false, prompt);
+    ScriptLocation location(script, None, prompt);
     EXPECT_EQ(location.Accept(folder.File(std::wstring(400, L'x')), location.DatabaseFolder()),
               ScriptLocation::Refused::ScriptFolder);
     EXPECT_EQ(prompt.kinds, (std::vector{ BoxKind::Warning, BoxKind::Error }));

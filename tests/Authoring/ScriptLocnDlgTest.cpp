@@ -26,7 +26,8 @@ protected:
         {
             Platform::MakeFolder(folder.File(name));
         }
-        dialog = std::make_unique<CQOXRMScriptLocnDlg>(nullptr, script, true, prompt);
+        dialog = std::make_unique<CQOXRMScriptLocnDlg>(
+            nullptr, script, [] { return true; }, prompt);
     }
 
     wxTextCtrl& Field(std::size_t index) { return *ControlsOf<wxTextCtrl>(*dialog).at(index); }

@@ -1,5 +1,7 @@
 #include "Compound/CompoundObject.h"
+#include "Compound/MSMemoryFile.h"
 #include "Platform/Files.h"
+#include "tests/Compound/MSCompoundTools.h"
 #include "tests/Compound/TestArchive.h"
 #include "tests/Compound/TestDocument.h"
 #include "tests/Compound/TestStreams.h"
@@ -184,4 +186,31 @@ TEST_F(CompoundFactoryTest, ADocumentCarriesItsPathAndModeAndHasNoParent)
     EXPECT_EQ(object->Mode(), 10u);
     EXPECT_EQ(object->Name(), path);
     EXPECT_EQ(object->Parent(), nullptr);
+}
+
+TEST_F(CompoundFactoryTest, AStructuredDocumentCarriesItsPathAndOneOnMemoryHasNoName)
+{
+    ASSERT_EQ(CreateCompoundDocument(path.c_str(), 10, CompoundTypeStructured, &document), 0u);
+    EXPECT_EQ(dynamic_cast<const CompoundObject&>(*document).Name(), path);
+    EXPECT_EQ(CloseCompoundDocument(&document), 0u);
+    MSMemoryFile memory;
+    ASSERT_EQ(CreateCompoundDocumentOnMemory(&memory, 10, CompoundTypeStructured, &document), 0u);
+    EXPECT_EQ(dynamic_cast<const CompoundObject&>(*document).Name(), nullptr);
+    CloseCompoundDocument(&document); // before its memory goes
+}
+
+TEST_F(CompoundFactoryTest, ADocumentOnMemoryIsReadBackFromIt)
+{
+    MSMemoryFile memory;
+    ASSERT_EQ(CreateCompoundDocumentOnMemory(&memory, 10, CompoundTypeStructured, &document), 0u);
+    ASSERT_NE(document, nullptr);
+    ASSERT_NE(document->GetRootFolder(), nullptr);
+    ASSERT_TRUE(PutFile(document->GetRootFolder(), L"a.bas", "abc"));
+    EXPECT_EQ(CloseCompoundDocument(&document), 0u);
+    EXPECT_EQ(document, nullptr);
+
+    ASSERT_EQ(CreateCompoundDocumentOnMemory(&memory, 5, CompoundTypeStructured, &document), 0u);
+    ASSERT_NE(document->GetRootFolder(), nullptr);
+    EXPECT_EQ(GetFile(document->GetRootFolder(), L"a.bas"), "abc");
+    CloseCompoundDocument(&document); // before its memory goes
 }

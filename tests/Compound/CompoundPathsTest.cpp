@@ -58,6 +58,7 @@ TEST_F(CompoundPathsTest, ARelativePathIsWhatFollowsTheFolder)
     EXPECT_EQ(GetRelativePath(folder, L"root:/a/b/"), L"");
     EXPECT_EQ(GetRelativePath(folder, L"root:/a"), L"root:/a") << "shorter than the folder's path";
     EXPECT_EQ(GetRelativePath(folder, L"root:/x/b/c"), L"root:/x/b/c");
+    EXPECT_EQ(GetRelativePath(folder, L"root:/a/bc/d"), L"/d") << "the place of the separator isn't looked at";
     EXPECT_EQ(GetRelativePath(folder, L"c/d"), L"c/d");
     EXPECT_EQ(GetRelativePath(document.Root(), L"root:/a/b"), L"a/b");
 }

@@ -1,9 +1,11 @@
 #include "Compound/ZipFormat.h"
 
 #include "tests/Compound/TestArchive.h"
+#include "tests/Support/ScopedEnvironment.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 namespace
@@ -142,4 +144,22 @@ TEST(ZipFormatTest, TheClockOfTheSystemTellsOneMomentTwice)
     EXPECT_GT(now.secondsSince1970, 1'600'000'000);
     EXPECT_GE(now.year, 2020);
     EXPECT_EQ(now.secondsSince1970 % 60, now.second % 60);
+}
+
+TEST(ZipFormatTest, TheDateAndTimeOfTheClockAreLocal)
+{
+    // A zone that no user has, nearly half a day ahead.
+    const ScopedEnvironment zone("TZ", L"TEST-11:17");
+    const ArchiveTime now = CurrentArchiveTime();
+    const std::chrono::sys_seconds local(std::chrono::seconds(now.secondsSince1970) + std::chrono::hours(11) +
+                                         std::chrono::minutes(17));
+    const auto midnight = std::chrono::floor<std::chrono::days>(local);
+    const std::chrono::year_month_day date(midnight);
+    const std::chrono::hh_mm_ss time(local - midnight);
+    EXPECT_EQ(now.year, static_cast<int>(date.year()));
+    EXPECT_EQ(now.month, static_cast<int>(static_cast<unsigned>(date.month())));
+    EXPECT_EQ(now.day, static_cast<int>(static_cast<unsigned>(date.day())));
+    EXPECT_EQ(now.hour, time.hours().count());
+    EXPECT_EQ(now.minute, time.minutes().count());
+    EXPECT_EQ(now.second, time.seconds().count());
 }
