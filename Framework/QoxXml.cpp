@@ -1,6 +1,7 @@
 #include <Vantrel/QoxXml.h>
 
 #include "Framework/CurrentDocument.h"
+#include "Framework/XmlEncoding.h"
 #include "Framework/XmlState.h"
 #include "Framework/XmlText.h"
 #include "Platform/Files.h"
@@ -237,7 +238,8 @@ void QoxXMLDocument::AppendNode(QoxXMLNode* node)
 QoxXMLNode* QoxXMLDocument::LoadFromFile(const std::wstring& path)
 {
     std::optional<Platform::FileBytes> bytes = Platform::ReadWholeFile(path);
-    if (!bytes)
+    // The parser would take any other encoding for UTF-8, and the next save would lose the text.
+    if (!bytes || !VantrelXml::IsReadable(bytes->View()))
     {
         return nullptr;
     }

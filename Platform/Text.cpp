@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr char32_t Replacement = 0xFFFD;
+constexpr std::string_view ReplacementBytes = "\xEF\xBF\xBD";
 constexpr char32_t LastCodePoint = 0x10FFFF;
 
 constexpr bool IsSurrogate(char32_t code)
@@ -229,6 +230,20 @@ std::string WideToUtf8(std::wstring_view text)
         }
     }
     return result;
+}
+
+bool IsUtf8(std::string_view text)
+{
+    for (std::size_t index = EndOfAscii(text, 0); index < text.size(); index = EndOfAscii(text, index))
+    {
+        const std::size_t start = index;
+        // The replacement character may stand there itself.
+        if (TakeUtf8(text, index) == Replacement && text.substr(start, index - start) != ReplacementBytes)
+        {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::wstring Utf8ToWide(std::string_view text)

@@ -17,6 +17,9 @@ std::string WideToUtf8(std::wstring_view text);
 /// UTF-8 as wide text. Bytes that are no valid UTF-8 become U+FFFD.
 std::wstring Utf8ToWide(std::string_view text);
 
+/// True for bytes that are UTF-8 throughout.
+bool IsUtf8(std::string_view text);
+
 /// Wide text as UTF-16 code units, without terminator.
 std::u16string WideToUtf16(std::wstring_view text);
 

@@ -191,6 +191,38 @@ TEST_F(QoxXmlTest, FilesThatAreNoXmlGiveNoRoot)
     EXPECT_EQ(NodePtr(document.LoadFromFile1(nullptr)), nullptr);
 }
 
+TEST_F(QoxXmlTest, AFileInAnEncodingThatIsNotReadGivesNoRoot)
+{
+    for (const std::string& bytes :
+         { std::string("<?xml version='1.0' encoding='windows-1252'?><L a='\x80'/>"),
+           std::string("<?xml version='1.0' encoding='Shift_JIS'?><L a='\x93\xfa'/>"), std::string("<L a='\xe8'/>"),
+           std::string("<?xml version='1.0' encoding='windows-1252'><L a='iso-8859-1 \xe8'/>") })
+    {
+        QoxXMLDocument document;
+        EXPECT_EQ(Load(document, bytes), nullptr) << bytes;
+    }
+}
+
+TEST_F(QoxXmlTest, EveryEncodingThatIsReadGivesTheSameText)
+{
+    const auto wide = [](const std::u16string& text)
+    { return std::string(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)); };
+    for (const std::string& bytes : { std::string("<L a='\xc3\xa8'/>"), std::string("\xef\xbb\xbf<L a='\xc3\xa8'/>"),
+                                      std::string("<?xml version='1.0' encoding='UTF-8'?><L a='\xc3\xa8'/>"),
+                                      std::string("<?xml version='1.0' encoding='windows-1252'?><L a='&#xe8;'/>"),
+                                      std::string("<?xml version='1.0' encoding='ISO-8859-1'?><L a='\xe8'/>"),
+                                      std::string("<?xml version='1.0' encoding='latin1'?><L a='\xe8'/>"),
+                                      wide(u"\uFEFF<L a='\u00e8'/>"), wide(u"<?xml version='1.0'?><L a='\u00e8'/>") })
+    {
+        QoxXMLDocument document;
+        const NodePtr root = Load(document, bytes);
+        ASSERT_NE(root, nullptr) << bytes;
+        std::wstring value;
+        EXPECT_TRUE(root->GetAttributeValue(L"a", value));
+        EXPECT_EQ(value, L"\u00e8") << bytes;
+    }
+}
+
 TEST_F(QoxXmlTest, EntityDefinitionsAreNotExpanded)
 {
     QoxXMLDocument document;

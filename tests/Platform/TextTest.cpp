@@ -21,6 +21,7 @@ class Utf8Test : public testing::TestWithParam<Utf8Case>
 TEST_P(Utf8Test, ReadsAsUnicodeTells)
 {
     EXPECT_EQ(WideToUtf16(Utf8ToWide(GetParam().bytes)), GetParam().text);
+    EXPECT_EQ(IsUtf8(GetParam().bytes), GetParam().text.find(u'\uFFFD') == std::u16string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -41,6 +42,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Utf8Case{ "NeverUsedByte", "\xFFz", u"\uFFFDz" },
                     Utf8Case{ "AsciiOverEightThenOther", "0123456789\xC3\xA9", u"0123456789\u00E9" }),
     [](const testing::TestParamInfo<Utf8Case>& row) { return row.param.name; });
+
+TEST(TextTest, TheReplacementCharacterItselfIsUtf8)
+{
+    EXPECT_TRUE(IsUtf8("a\xEF\xBF\xBDz"));
+    EXPECT_FALSE(IsUtf8("a\xEF\xBF\xBDz\xEF"));
+}
 
 TEST(TextTest, WideTextGoesThroughUtf8Unchanged)
 {
