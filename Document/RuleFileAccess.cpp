@@ -1,5 +1,6 @@
 #include "Document/RuleFileAccess.h"
 
+#include "Platform/Files.h"
 #include "Platform/Text.h"
 #include "Utilities/QOXUIUtils.h"
 #include "Utilities/Texts.h"
@@ -122,7 +123,7 @@ bool RuleFileAccess::ReportSaveFailure(FileCause cause, const std::wstring& path
         return false;
     case FileCause::SharingViolation:
         // The document's own lock is no hindrance.
-        if (Platform::EqualsNoCase(path, openPath))
+        if (Platform::IsSameFile(path, openPath))
         {
             return true;
         }

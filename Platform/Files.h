@@ -47,6 +47,10 @@ bool PathExists(const std::wstring& path);
 /// True if the path names a folder.
 bool FolderExists(const std::wstring& path);
 
+/// True if both paths lead to the same file, by another way or by the same. Two paths to
+/// nothing are the same if they are equal.
+bool IsSameFile(const std::wstring& path, const std::wstring& other);
+
 /// True if the path names something that can be opened as a file (folders can't).
 bool FileExists(const std::wstring& path);
 

@@ -115,6 +115,17 @@ bool PathExists(const std::wstring& path)
     return StatusOf(path).has_value();
 }
 
+bool IsSameFile(const std::wstring& path, const std::wstring& other)
+{
+    if (path == other)
+    {
+        return true;
+    }
+    const auto status = StatusOf(path);
+    const auto otherStatus = StatusOf(other);
+    return status && otherStatus && status->st_dev == otherStatus->st_dev && status->st_ino == otherStatus->st_ino;
+}
+
 bool FileExists(const std::wstring& path)
 {
     const auto status = StatusOf(path);

@@ -39,15 +39,25 @@ bool HasNoLocks(int error)
     return error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
 }
 
-/// Locks the file against others. The error, or 0.
-int Lock(int file)
+/// The error, or 0.
+int Lock(int file, int kind)
 {
     int result = -1;
     do
     {
-        result = ::flock(file, LOCK_EX | LOCK_NB);
+        result = ::flock(file, kind | LOCK_NB);
     } while (result != 0 && errno == EINTR);
     return result == 0 || HasNoLocks(errno) ? 0 : errno;
+}
+
+/// Locks the file against others who do the same. The error, or 0.
+int LockAgainstWriters(int file)
+{
+    // Whoever holds the file shares its lock, which lets nobody have it alone. On network
+    // file systems a lock is more than an agreement: one that isn't shared keeps everybody
+    // from reading, this process included.
+    const int error = Lock(file, LOCK_EX);
+    return error != 0 ? error : Lock(file, LOCK_SH);
 }
 
 /// True if the path still leads to the open file: whoever saves puts a new one in its place.
@@ -74,7 +84,7 @@ Posix::Descriptor OpenOnce(const std::string& path, FileCause& cause)
         cause = FileCause::AccessDenied;
         return Posix::Descriptor();
     }
-    if (const int error = Lock(file.Get()); error != 0)
+    if (const int error = LockAgainstWriters(file.Get()); error != 0)
     {
         cause = Posix::CauseOf(error);
         return Posix::Descriptor();

@@ -164,6 +164,13 @@ TEST_F(RuleFileAccessTest, AnotherFileThatOthersHoldIsNotSavedOver)
     EXPECT_NE(prompt.texts[0].find(path), std::wstring::npos);
 }
 
+TEST_F(RuleFileAccessTest, AFileWhoseNameDiffersOnlyInCaseIsAnotherOneWhereTheSystemTellsThemApart)
+{
+    OthersTake();
+    EXPECT_FALSE(access->ReleaseForSaving(path, folder.File(L"RULES.vrf")));
+    EXPECT_EQ(prompt.texts.size(), 1U);
+}
+
 TEST_F(RuleFileAccessTest, AFolderIsNotSavedOver)
 {
     EXPECT_FALSE(access->ReleaseForSaving(folder.Path(), path));

@@ -1,14 +1,18 @@
 #include "Platform/HeldFile.h"
 
 #include "Platform/Files.h"
+#include "Platform/Posix/Descriptor.h"
+#include "Platform/Posix/PathBytes.h"
 #include "tests/Platform/Posix/TestProcess.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 
 #include <array>
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -87,6 +91,19 @@ TEST_F(PosixHeldFileTest, AnotherProcessKeepsItUntilItEndsHoweverItEnds)
     EXPECT_EQ(CauseFor(m_path), FileCause::SharingViolation);
     holder.End();
     EXPECT_EQ(CauseFor(m_path), FileCause::None);
+}
+
+TEST_F(PosixHeldFileTest, ItsLockKeepsNobodyFromReading)
+{
+    WriteBytes(m_path, "contents");
+    FileCause cause = FileCause::Generic;
+    const auto held = HeldFile::Open(m_path, cause);
+    ASSERT_NE(held, nullptr);
+    const Posix::Descriptor reader(::open(Posix::PathBytes(m_path).c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_TRUE(reader);
+    // Network file systems let whoever could share the lock read, and nobody else.
+    EXPECT_EQ(::flock(reader.Get(), LOCK_EX | LOCK_NB), -1);
+    EXPECT_EQ(::flock(reader.Get(), LOCK_SH | LOCK_NB), 0);
 }
 
 TEST_F(PosixHeldFileTest, TheUserOfTheOtherProcessIsTold)
