@@ -80,6 +80,7 @@ private:
     bool Deliver(const Sender& sender) const;
 
     bool m_isOpen = true;
+    bool m_isFull = false;
     int m_listener; ///< Owned by the mark.
     const InstanceRequests m_requests;
     LoopSource m_acceptable;
@@ -134,6 +135,13 @@ void Inbox::AcceptAll()
 {
     for (;;)
     {
+        if (m_senders.size() >= MostSenders)
+        {
+            // The others wait until one of these has its answer.
+            m_isFull = true;
+            m_acceptable.Remove();
+            return;
+        }
         Posix::Descriptor socket(::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!socket)
         {
@@ -145,7 +153,7 @@ void Inbox::AcceptAll()
             }
             return;
         }
-        if (m_senders.size() >= MostSenders || !Posix::IsPeerOfThisUser(socket.Get()))
+        if (!Posix::IsPeerOfThisUser(socket.Get()))
         {
             continue;
         }
@@ -181,6 +189,11 @@ void Inbox::Read(Sender& sender)
 void Inbox::Drop(Sender& sender)
 {
     m_senders.remove_if([&sender](const std::shared_ptr<Sender>& known) { return known.get() == &sender; });
+    if (m_isFull && m_isOpen)
+    {
+        m_isFull = false;
+        Open();
+    }
 }
 
 bool Inbox::Deliver(const Sender& sender) const

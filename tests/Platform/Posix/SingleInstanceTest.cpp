@@ -168,6 +168,24 @@ TEST_F(SingleInstanceTest, RequestsDuringTheStartWaitForTheInbox)
     EXPECT_EQ(m_events.size(), 4u);
 }
 
+TEST_F(SingleInstanceTest, ManyRequestsAtOnceAreAllCarriedOut)
+{
+    InstanceMark first(Name);
+    constexpr std::size_t Many = 40; // more than are answered at a time
+    std::vector<pid_t> senders;
+    for (std::size_t number = 0; number < Many; ++number)
+    {
+        senders.push_back(StartLater(L"/" + std::to_wstring(number) + L".vrf"));
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // so that most of them wait
+    const InstanceInbox inbox(first, nullptr, Requests());
+    for (const pid_t sender : senders)
+    {
+        EXPECT_EQ(RunLoopUntilEnd(sender), ForwardResult::Accepted);
+    }
+    EXPECT_EQ(m_events.size(), 2 * Many);
+}
+
 TEST_F(SingleInstanceTest, FirstOneHasNoOneToForwardTo)
 {
     InstanceMark first(Name);
