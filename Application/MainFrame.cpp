@@ -8,6 +8,7 @@
 #include "Application/MainMenu.h"
 #include "Application/TabToolbar.h"
 #include "Application/WindowPlace.h"
+#include "Modules/ApplicationGlobals.h"
 
 #include <wx/menu.h>
 #include <wx/toolbar.h>
@@ -22,6 +23,17 @@ constexpr int StartHeight = 720;
 // The largest icon that title bars ask for. Larger ones are for switching between programs, and
 // to draw them and hand them to the window system would hold up the window.
 constexpr int TitleIconSize = 32;
+
+/// An editor that a module brings along needn't keep the user from the main window, and what
+/// takes modules away may take this one away under it.
+template <typename Call>
+void WhileNoRuleIsEdited(const Call& call)
+{
+    if (!g_bEditInProgress)
+    {
+        call();
+    }
+}
 
 } // namespace
 
@@ -54,9 +66,11 @@ void CQOXRMMainFrame::BindCommands()
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ChangeUnits(); }, CommandUnitSettings);
     Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowRuleModules(); }, CommandRuleModules);
+        wxEVT_MENU, [this](wxCommandEvent&) { WhileNoRuleIsEdited([this] { m_host.ShowRuleModules(); }); },
+        CommandRuleModules);
     Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowDatabaseModules(); }, CommandDatabaseModules);
+        wxEVT_MENU, [this](wxCommandEvent&) { WhileNoRuleIsEdited([this] { m_host.ShowDatabaseModules(); }); },
+        CommandDatabaseModules);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_host.ShowScriptLocation(); }, CommandScriptLocation);
     Bind(
@@ -80,6 +94,11 @@ void CQOXRMMainFrame::BindStates()
     {
         Bind(
             wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(m_host.IsOneRuleSelected()); }, command);
+    }
+    for (const int command : { CommandRuleModules, CommandDatabaseModules })
+    {
+        Bind(
+            wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(!g_bEditInProgress); }, command);
     }
     // A view answers for its document; this is for when there is none.
     Bind(

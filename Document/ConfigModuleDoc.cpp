@@ -116,9 +116,8 @@ bool CQOXRMConfigModuleDoc::OnSaveModified()
 
 bool CQOXRMConfigModuleDoc::Save()
 {
-    // Units that were changed don't count as a modification, so the framework would take the
-    // document for saved.
-    if (AlreadySaved() && m_rules.HaveUnitsChanged())
+    // The framework would take the document for saved.
+    if (AlreadySaved() && HasMoreThanFile())
     {
         return OnSaveDocument(GetFilename());
     }

@@ -44,7 +44,7 @@ public:
     bool SaveAs() override;
 
     /// True if there is something that a save would put into the file.
-    bool CanBeSaved() const { return !AlreadySaved() || m_rules.HaveUnitsChanged(); }
+    bool CanBeSaved() const { return !AlreadySaved() || HasMoreThanFile(); }
 
     /// Refused while the editor of a rule is open.
     bool Close() override;
@@ -65,6 +65,9 @@ public:
     void UpdateViews(ViewHint hint, CQoxRule* rule = nullptr);
 
 private:
+    /// True if a save would change the file although the document doesn't count as modified.
+    bool HasMoreThanFile() const { return m_rules.HaveUnitsChanged() || m_rules.IsFileBehind(); }
+
     IRuleView* FirstRuleView() const;
     void InitialUpdateViews();
     void TellTitle();

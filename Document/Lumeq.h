@@ -109,6 +109,9 @@ public:
     /// True if the file carries a password.
     bool IsPasswordProtected() const { return bIsRuleFilePasswordProtected; }
 
+    /// True if the rules of the file that was read aren't those that its digest is of.
+    bool HasWrongDigest() const { return m_hasWrongDigest; }
+
     /// Takes a password for the file. False, with nothing taken, if it is too long for one.
     bool SetPassword(const std::wstring& password);
 
@@ -146,6 +149,7 @@ public:
     std::wstring strName;
     std::wstring strCreatedOn;
     std::wstring strCreatedBy;
+    bool m_hasWrongDigest = false;
     bool bIsRuleFilePasswordProtected = false;
     std::wstring strPasswordInRuleFile;
 

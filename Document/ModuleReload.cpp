@@ -2,6 +2,7 @@
 
 #include "Document/RuleDocument.h"
 #include "Modules/ModuleSet.h"
+#include "Modules/RuleModule.h"
 #include "Platform/Files.h"
 #include "Utilities/QOXUIUtils.h"
 
@@ -25,6 +26,14 @@ void ReloadRuleModules(ModuleSet& modules, const std::vector<OpenRuleDocument>& 
             header.oldRuleUnits = oldUnits;
         }
         document.reloadViews();
+    }
+    for (const Platform::LibraryHandle leaving : listConfigModulesToFree)
+    {
+        const std::wstring modulePath = RuleModule(leaving).Path();
+        for (const OpenRuleDocument& document : documents)
+        {
+            document.rules.ReleaseRulesOf(modulePath);
+        }
     }
     // Only now: until the views were filled anew, rules pointed into these.
     ModuleSet::FreeModules(listConfigModulesToFree);

@@ -80,6 +80,7 @@ RuleDocument::OpenFailure RuleDocument::Open(const std::wstring& path)
     }
     m_bUnitSet = true;
     m_unitsOfFile = m_header.newRuleUnits;
+    m_isFileBehind = m_header.HasWrongDigest();
     m_strOpenPath = path;
     LoadUserRules();
     LogMessage(L"Rule file has been opened successfully");
@@ -139,6 +140,7 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         record.SetPassword(m_strPassword);
     }
+    m_isFileBehind = true;
     if (!m_access.IsFreeToWrite(path))
     {
         LogMissingWrite(path);
@@ -150,7 +152,8 @@ RuleDocument::SaveFailure RuleDocument::Write(const std::wstring& path)
     {
         return SaveFailure::NotWritten;
     }
-    if (record.WriteFailure() != Platform::FileCause::None)
+    m_isFileBehind = record.WriteFailure() != Platform::FileCause::None;
+    if (m_isFileBehind)
     {
         LogMissingWrite(path);
     }
@@ -213,8 +216,8 @@ void RuleDocument::DeleteRuleFromDocument(CQoxRule*& rule)
         return;
     }
     // Asked first: a file may give a user-defined rule the path of a module, which doesn't
-    // make the rule the module's.
-    if (rule->m_strRuleModule == InteractiveRuleMark || rule->m_strRuleModule == VSTARuleMark)
+    // make the rule the module's. Its mark may be in any case.
+    if (rule->IsUserDefined())
     {
         m_userRules.Remove(rule);
         ForgetRule(rule);
@@ -232,6 +235,19 @@ void RuleDocument::DeleteRuleFromDocument(CQoxRule*& rule)
     {
         ForgetRule(rule);
         module.DeleteRule(rule);
+    }
+}
+
+void RuleDocument::ReleaseRulesOf(const std::wstring& modulePath)
+{
+    PointerArray rules;
+    m_header.GetRules(rules);
+    for (CQoxRule* rule : rules)
+    {
+        if (!rule->IsUserDefined() && rule->m_strModulePath == modulePath)
+        {
+            DeleteRuleFromDocument(rule);
+        }
     }
 }
 

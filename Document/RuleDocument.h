@@ -67,6 +67,10 @@ public:
     /// isn't loaded stays as it is, and so does the pointer.
     void DeleteRuleFromDocument(CQoxRule*& rule);
 
+    /// Gives back what of the file's rules is left of a module that is about to be unloaded,
+    /// after the views have given theirs: nothing could delete them any more.
+    void ReleaseRulesOf(const std::wstring& modulePath);
+
     /// Gives up the rules of the rows of a view that closes.
     void ReleaseRules(const std::vector<CQoxRule*>& rules);
 
@@ -89,6 +93,10 @@ public:
     /// True if the units aren't those of the file any more.
     bool HaveUnitsChanged() const { return m_header.newRuleUnits != m_unitsOfFile; }
 
+    /// True if a save would change the file though nothing was changed since the last one:
+    /// that one could not be written, or the digest of the file isn't that of its rules.
+    bool IsFileBehind() const { return m_isFileBehind; }
+
     CQOXRMLumeq& Header() { return m_header; }
     const CQOXRMLumeq& Header() const { return m_header; }
     RuleList& Rules() { return m_ruleList; }
@@ -108,6 +116,7 @@ private:
     CQOXRMLumeq m_header;
     structRulesUnit m_unitsOfFile; ///< Those to start with if there is no file yet.
     bool m_bUnitSet = false;
+    bool m_isFileBehind = false;
     RuleList m_ruleList;
     PointerArray m_userRules; // owned
     RuleFileAccess m_access;

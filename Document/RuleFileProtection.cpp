@@ -72,7 +72,8 @@ void CQOXRMLumeq::CheckProtection(const QoxXMLNode& root)
 
     std::wstring digest;
     ComputeDigest(root, digest);
-    if (digest != expected && m_prompt != nullptr)
+    m_hasWrongDigest = digest != expected;
+    if (m_hasWrongDigest && m_prompt != nullptr)
     {
         m_prompt->ShowBox(BoxKind::Warning, LoadText(TextId::RuleFileModified), LoadText(TextId::ApplicationTitle));
     }

@@ -71,6 +71,10 @@ void RuleExplorer::UpdateRuleList(bool fromDocument)
     m_ruleArray.RemoveAll();
     m_documentRulesMerged = false;
     GatherRules(m_modules, m_askedModules, m_ruleArray, [this] { m_window.TellNoDatabaseModule(); });
+    if (!fromDocument)
+    {
+        ApplyUnitsToGatheredRules();
+    }
     for (CQoxRule* const rule : m_document.UserRules())
     {
         m_ruleArray.Add(rule);
@@ -129,15 +133,20 @@ void RuleExplorer::RemoveStaleRows()
     for (int row = m_rows.RowCount() - 1; row >= 0; --row)
     {
         CQoxRule* rule = m_rows.RuleOfRow(row);
-        if (rule == nullptr || m_modules.IsConfigured(rule->m_strModulePath))
+        if (rule == nullptr)
+        {
+            continue;
+        }
+        if (rule->IsUserDefined())
+        {
+            m_rows.RemoveRow(row); // comes again with the user-defined rules of the array
+            continue;
+        }
+        if (m_modules.IsConfigured(rule->m_strModulePath))
         {
             continue;
         }
         m_rows.RemoveRow(row);
-        if (rule->IsUserDefined())
-        {
-            continue; // comes again with the user-defined rules of the array
-        }
         rule->m_nRuleState = StateUnticked;
         if (m_document.Rules().Remove(rule))
         {
@@ -145,6 +154,16 @@ void RuleExplorer::RemoveStaleRows()
         }
         m_document.DeleteRuleFromDocument(rule);
     }
+    std::erase_if(m_rulesWithoutRow,
+                  [this](CQoxRule* rule)
+                  {
+                      const bool isStale = rule != nullptr && !m_modules.IsConfigured(rule->m_strModulePath);
+                      if (isStale)
+                      {
+                          m_document.DeleteRuleFromDocument(rule);
+                      }
+                      return isStale;
+                  });
 }
 
 void RuleExplorer::FillRows()
@@ -331,6 +350,20 @@ void RuleExplorer::ApplyUnitsToNewRules()
         // A rule of the file stands in the file's units already.
         const bool isNew = !documentRules.contains(UnitKey(*rule));
         GuardModuleCall(rule->m_strModulePath, [&] { rule->UpdateRule(isNew ? &oldUnits : &newUnits, &newUnits); });
+    }
+}
+
+void RuleExplorer::ApplyUnitsToGatheredRules()
+{
+    // Modules make their rules in these, whatever the units of the open document are.
+    const structRulesUnit unitsOfModules;
+    for (CQoxRule* const rule : m_ruleArray)
+    {
+        if (rule != nullptr)
+        {
+            GuardModuleCall(rule->m_strModulePath,
+                            [&] { rule->UpdateRule(&unitsOfModules, &m_document.Header().newRuleUnits); });
+        }
     }
 }
 

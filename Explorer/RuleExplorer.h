@@ -79,6 +79,7 @@ public:
 
 private:
     void MergeDocumentRules();
+    void ApplyUnitsToGatheredRules();
     void RemoveStaleRows();
     void FillRows();
     bool AddRow(CQoxRule* rule, std::optional<bool> areVSTARulesSupported);

@@ -92,6 +92,26 @@ TEST_F(MainFrameTest, AFileOfAnotherStartIsRefusedWhileTheEditorOfARuleIsOpen)
     EXPECT_TRUE(host.opened.empty());
 }
 
+TEST_F(MainFrameTest, NoModuleGoesWhileTheEditorOfARuleIsOpen)
+{
+    const auto choose = [this](int command)
+    {
+        wxCommandEvent event(wxEVT_MENU, command);
+        frame->GetEventHandler()->ProcessEvent(event);
+        wxUpdateUIEvent state(command);
+        frame->GetEventHandler()->ProcessEvent(state);
+        return state.GetEnabled();
+    };
+    g_bEditInProgress = true;
+    EXPECT_FALSE(choose(CommandRuleModules));
+    EXPECT_FALSE(choose(CommandDatabaseModules));
+    g_bEditInProgress = false;
+    EXPECT_TRUE(host.calls.empty());
+    EXPECT_TRUE(choose(CommandRuleModules));
+    EXPECT_TRUE(choose(CommandDatabaseModules));
+    EXPECT_EQ(host.calls, (std::vector<std::string>{ "rule modules", "database modules" }));
+}
+
 TEST_F(MainFrameTest, FilesThatAreDroppedAreOpenedWhateverTheyAreCalled)
 {
     auto* const files = new wxString[2]{ "/rules/a.vrf", "/rules/b.QoxRule" }; // owned by the event

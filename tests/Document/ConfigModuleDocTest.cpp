@@ -264,6 +264,24 @@ TEST_F(ConfigModuleDocTest, AChangeOfUnitsIsToldToTheViewsOfThatDocumentAndIsNoM
     EXPECT_EQ(other.Rules().Header().newRuleUnits, (structRulesUnit{ 0, 0 }));
 }
 
+TEST_F(ConfigModuleDocTest, AFileWhoseDigestIsWrongCanBeSavedWithoutAChange)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"rules.vrf");
+    const std::string bytes = "<Lumeq Password=\"x\" RulesData=\"0\"><Rule RuleModule=\"VSTA Rule\"/></Lumeq>";
+    WriteBytes(path, bytes);
+    CQOXRMConfigModuleDoc& document = New();
+    ASSERT_TRUE(document.OnOpenDocument(path));
+    EXPECT_FALSE(document.IsModified());
+    EXPECT_TRUE(document.CanBeSaved());
+    std::wstring password;
+    document.Rules().Header().GetPassword(password);
+    application.prompt.password = password;
+    EXPECT_TRUE(document.Save());
+    EXPECT_NE(ReadBytes(path), bytes);
+    EXPECT_FALSE(document.CanBeSaved());
+}
+
 TEST_F(ConfigModuleDocTest, ADocumentOfWhichOnlyTheUnitsWereChangedCanBeSaved)
 {
     const TemporaryFolder folder;

@@ -57,6 +57,27 @@ TEST_F(ModuleReloadTest, AnUnmodifiedDocumentIsReadAgainAndItsViewsFilledBeforeT
     EXPECT_TRUE(IsLoaded(Staying));
 }
 
+TEST_F(ModuleReloadTest, RulesThatNoViewShowsGoBackBeforeTheirModuleGoes)
+{
+    const auto live = TestModuleFunction<TestModuleLiveRulesFunction>(Leaving, "TestModuleLiveRules");
+    const int before = live();
+    WriteBytes(path, "<Lumeq><Rule RuleModule=\"Complete Test Module\" RuleName=\"TestModuleComplete Rule 1\"/>"
+                     "<Rule RuleModule=\"Second Test Module\" RuleName=\"TestModuleSecond Rule 1\"/></Lumeq>");
+    RuleDocument document;
+    ASSERT_EQ(document.Open(path), RuleDocument::OpenFailure::None);
+    ASSERT_EQ(live(), before + 1);
+    Remove(Leaving);
+    // Kept loaded, so that it can be asked afterwards.
+    const Platform::LibraryHandle kept = Platform::OpenLibraryFile(TestModulePath(Leaving));
+    ReloadRuleModules(application.Modules(), { Open(document, true) });
+    EXPECT_EQ(live(), before);
+    PointerArray rules;
+    document.Header().GetRules(rules);
+    ASSERT_EQ(rules.GetSize(), 1);
+    EXPECT_EQ(rules[0]->m_strModulePath, TestModulePath(Staying));
+    Platform::ReleaseLibrary(kept);
+}
+
 TEST_F(ModuleReloadTest, AModifiedDocumentIsNotReadAgainButItsModuleGoesAllTheSame)
 {
     RuleDocument document;

@@ -258,9 +258,12 @@ TEST_F(RuleDocumentPasswordTest, ASaveAfterRulesWereChangedByHandWritesARightDig
     ASSERT_NE(changed, nullptr);
     document.Rules().Append(changed);
     prompt.password = L"secret";
+    EXPECT_TRUE(document.IsFileBehind());
     EXPECT_EQ(document.Save(path), Failure::None);
+    EXPECT_FALSE(document.IsFileBehind());
     RuleDocument again(&prompt);
     ASSERT_EQ(again.Open(Copy()), RuleDocument::OpenFailure::None);
     EXPECT_TRUE(prompt.texts.empty());
     EXPECT_TRUE(again.IsPasswordProtected());
+    EXPECT_FALSE(again.IsFileBehind());
 }

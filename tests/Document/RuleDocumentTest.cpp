@@ -170,15 +170,18 @@ TEST_F(RuleDocumentTest, AUserDefinedRuleWithTheNameOfAModulesLibraryIsTheDocume
     application.LoadRuleModules({ L"TestModuleComplete" });
     const int before = LiveRulesOf(L"TestModuleComplete");
     ConcreteQOXRule source;
-    source.m_strRuleModule = InteractiveRuleMark;
     source.m_strModulePath = TestModulePath(L"TestModuleComplete");
     RuleDocument document;
-    document.AddUserRule(&source);
-    CQoxRule* rule = document.UserRules()[0];
-    document.DeleteRuleFromDocument(rule);
-    EXPECT_EQ(rule, nullptr);
-    EXPECT_EQ(document.UserRules().GetSize(), 0);
-    EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
+    for (const wchar_t* const mark : { InteractiveRuleMark, L"vsta rule" })
+    {
+        source.m_strRuleModule = mark;
+        document.AddUserRule(&source);
+        CQoxRule* rule = document.UserRules()[0];
+        document.DeleteRuleFromDocument(rule);
+        EXPECT_EQ(rule, nullptr);
+        EXPECT_EQ(document.UserRules().GetSize(), 0);
+        EXPECT_EQ(LiveRulesOf(L"TestModuleComplete"), before);
+    }
 }
 
 TEST_F(RuleDocumentTest, AModulesRuleGoesBackToItsModule)
@@ -325,6 +328,9 @@ TEST_F(RuleDocumentTest, AWriteThatFailsWhenTheNewFileTakesThePlaceIsLoggedAndTh
     EXPECT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
     CVantrelLog::CloseLogFile();
     EXPECT_NE(ReadBytes(log).find("The rule file " + ToNarrow(path) + " could not be written\n"), std::string::npos);
+    EXPECT_TRUE(document.IsFileBehind());
+    EXPECT_EQ(document.Save(folder.File(L"other.vrf")), RuleDocument::SaveFailure::None);
+    EXPECT_FALSE(document.IsFileBehind());
 }
 
 TEST_F(RuleDocumentTest, OpeningAndSavingAreLogged)

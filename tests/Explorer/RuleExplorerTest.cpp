@@ -254,6 +254,34 @@ TEST_F(RuleExplorerTest, AReloadDropsTheRowsOfModulesThatAreNotConfiguredAnyMore
     EXPECT_TRUE(window.modified);
 }
 
+TEST_F(RuleExplorerTest, AUserDefinedRuleWithThePathOfAModuleHasOneRowAfterAReload)
+{
+    LoadModules();
+    WriteBytes(UserDefinedRuleFilePath(), "<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A\" ModulePath=\"" +
+                                              Platform::WideToUtf8(TestModulePath(L"TestModuleComplete")) +
+                                              "\"/></Lumeq>");
+    OpenWith("");
+    ASSERT_EQ(rows.RowCount(), 5);
+    explorer.UpdateRuleList(false);
+    EXPECT_EQ(rows.RowCount(), 5);
+    EXPECT_EQ(document.UserRules().GetSize(), 1);
+}
+
+TEST_F(RuleExplorerTest, RulesOfAModuleThatIsAddedAreConvertedToTheDocumentsUnitsAndTheOthersStay)
+{
+    application.LoadDatabaseModules({ L"TestDatabaseComplete" });
+    application.LoadRuleModules({ L"TestModuleComplete" });
+    OpenWith(FirstRule, "Unit=\"3\" AngularUnit=\"0\"");
+    explorer.ApplyUnitsToNewRules();
+    application.LoadRuleModules({ L"TestModuleSecond" });
+    explorer.UpdateRuleList(false);
+    const auto valueOf = [this](const std::wstring& name)
+    { return rows.RuleOfRow(rows.Find(name))->Parameters()[0].dValue; };
+    EXPECT_DOUBLE_EQ(valueOf(L"TestModuleSecond Rule 1"), 10 / 25.4);
+    EXPECT_DOUBLE_EQ(valueOf(L"TestModuleComplete Rule 1"), 42);
+    EXPECT_DOUBLE_EQ(valueOf(L"TestModuleComplete Rule 2"), 10 / 25.4);
+}
+
 TEST_F(RuleExplorerTest, AReloadAsksNoModuleASecondTimeAndRebuildsTheUserDefinedRows)
 {
     LoadModules();
