@@ -323,6 +323,8 @@ void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*
     }
     if (activate && m_ruleList != nullptr && m_explorer != nullptr && GetFrame() != nullptr)
     {
+        // The manager takes a view for the current one only after this, and no other shows its state.
+        GetDocumentManager()->ActivateView(this);
         SetSingleSelection(m_ruleList->SelectedCount() == 1);
         m_explorer->ShowCounts();
     }
@@ -345,9 +347,18 @@ void CQOXRMConfigModuleView::SetDocumentModified(bool modified)
     Doc().Modify(modified);
 }
 
+bool CQOXRMConfigModuleView::IsInFront() const
+{
+    const wxView* const current = GetDocumentManager()->GetCurrentView();
+    return current == nullptr || current == this; // the only one may not have been activated yet
+}
+
 void CQOXRMConfigModuleView::SetSingleSelection(bool single)
 {
-    g_pApp->SetDocOpenState(single ? 1 : 0);
+    if (IsInFront())
+    {
+        g_pApp->SetDocOpenState(single ? 1 : 0);
+    }
 }
 
 void CQOXRMConfigModuleView::ClearSummary()
@@ -373,9 +384,7 @@ void CQOXRMConfigModuleView::ShowSummary(const std::wstring& text)
 void CQOXRMConfigModuleView::SetStatus(const std::wstring& text)
 {
     m_status = text;
-    // A hint reaches views behind the current one too.
-    const wxView* const current = GetDocumentManager()->GetCurrentView();
-    if (!m_searching && (current == nullptr || current == this))
+    if (!m_searching && IsInFront())
     {
         s_frames->SetStatusText(text);
     }

@@ -87,6 +87,10 @@ private:
     void TellEditorFailed(const std::wstring& ruleName) override;
 
     CQOXRMConfigModuleDoc& Doc() const;
+
+    /// Whether the program's state is this view's to show. Hints reach views behind the current one too.
+    bool IsInFront() const;
+
     void MakeControls();
     void BindCommands();
     void OnSetPassword(wxCommandEvent& event);

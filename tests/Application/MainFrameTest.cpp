@@ -204,6 +204,33 @@ TEST_F(MainFrameTest, TheLogNamesTheFileOfEachWindowThatTheUserTurnsTo)
     CVantrelLog::CloseLogFile();
 }
 
+TEST_F(MainFrameTest, TheSelectionThatCommandsGoByIsThatOfTheWindowInFront)
+{
+    CQOXRMConfigModuleDoc& first = New();
+    CQOXRMConfigModuleDoc& second = New();
+    const auto turnTo = [](CQOXRMConfigModuleDoc& document)
+    { dynamic_cast<wxMDIChildFrame&>(*document.GetFirstView()->GetFrame()).Activate(); };
+    const auto isInFront = [&](CQOXRMConfigModuleDoc& document)
+    { return manager->GetCurrentView() == document.GetFirstView(); };
+    turnTo(first);
+    ASSERT_TRUE(WaitFor([&] { return isInFront(first); }));
+    constexpr long State = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+    ListOf(first).SetItemState(0, State, State);
+    ASSERT_EQ(application.docOpenState, 1);
+    for (CQOXRMConfigModuleDoc* const document : { &first, &second }) // as after a change of the modules
+    {
+        document->UpdateViews(ViewHint::Reload);
+    }
+    EXPECT_EQ(application.docOpenState, 1);
+
+    turnTo(second);
+    ASSERT_TRUE(WaitFor([&] { return isInFront(second); }));
+    EXPECT_EQ(application.docOpenState, 0);
+    manager->CloseDocument(&second, true);
+    EXPECT_TRUE(WaitFor([&] { return isInFront(first); }));
+    EXPECT_EQ(application.docOpenState, 1);
+}
+
 TEST_F(MainFrameTest, TheStatusBarHasTheCountOfTheRulesAndOfTheFiles)
 {
     New();

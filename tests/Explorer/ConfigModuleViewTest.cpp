@@ -394,3 +394,51 @@ TEST_F(ConfigModuleViewTest, ADocumentBehindAnotherLeavesTheStatusToThat)
     document->UpdateViews(ViewHint::Reload);
     EXPECT_NE(frames.status, "of the one in front");
 }
+
+TEST_F(ConfigModuleViewTest, ADocumentBehindAnotherLeavesTheMarkOfASingleSelectionToThat)
+{
+    New();
+    CQOXRMConfigModuleView& first = *view;
+    ConcreteQOXRule rule;
+    rule.m_strRuleModule = InteractiveRuleMark;
+    rule.m_strRuleName = L"Mine";
+    New(); // this one is behind from now on
+    const auto changeTheOneBehind = [&]
+    {
+        document->UpdateViews(ViewHint::Reload);
+        document->Rules().AddUserRule(&rule);
+        document->UpdateViews(ViewHint::UserRuleAdded);
+        document->UpdateViews(ViewHint::UserRuleDeleted, &rule);
+    };
+    first.Activate(true);
+    first.RuleListCtrl().SetSelected(0, true);
+    first.RuleListCtrl().SetSelected(1, true);
+    first.RuleListCtrl().SetSelected(1, false);
+    ASSERT_EQ(application.docOpenState, 1);
+    changeTheOneBehind();
+    EXPECT_EQ(application.docOpenState, 1);
+
+    first.RuleListCtrl().DeselectAll();
+    ASSERT_EQ(application.docOpenState, 0);
+    Select(0);
+    ASSERT_EQ(list->SelectedCount(), 1);
+    EXPECT_EQ(application.docOpenState, 0);
+    changeTheOneBehind();
+    EXPECT_EQ(application.docOpenState, 0);
+
+    view->Activate(true);
+    EXPECT_EQ(application.docOpenState, 1) << "it is in front now";
+    first.Activate(true);
+    EXPECT_EQ(application.docOpenState, 0);
+}
+
+TEST_F(ConfigModuleViewTest, AViewThatComesToTheFrontShowsItsOwnStatus)
+{
+    New();
+    CQOXRMConfigModuleView& first = *view;
+    New();
+    view->Activate(true);
+    frames.status = "of the one in front";
+    first.Activate(true);
+    EXPECT_EQ(frames.status, FormatText(TextId::RuleCount, { L"0", L"4" }));
+}
