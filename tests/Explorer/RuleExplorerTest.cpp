@@ -8,6 +8,8 @@
 #include <Vantrel/ConcreteQOXRule.h>
 #include <Vantrel/VantrelLog.h>
 
+#include <gmock/gmock.h>
+
 namespace
 {
 
@@ -17,6 +19,19 @@ using NameList = std::vector<std::wstring>;
 constexpr const char* FirstRule =
     "<Rule RuleModule=\"Complete Test Module\" RuleName=\"TestModuleComplete Rule 1\" "
     "Summary2=\"Summary of TestModuleComplete Rule 1\"><Parameter Number=\"1\" Kind=\"length\" Value=\"42\"/></Rule>";
+
+/// The rules that stand in the document's tree, each with the module that it says it is of.
+NameList RulesInTree(const RuleDocument& document)
+{
+    PointerArray rules;
+    document.Header().GetLiveRules(rules);
+    NameList names;
+    for (const CQoxRule* const rule : rules)
+    {
+        names.push_back(rule->m_strRuleModule + L": " + rule->m_strRuleName);
+    }
+    return names;
+}
 
 } // namespace
 
@@ -92,7 +107,7 @@ TEST_F(RuleExplorerTest, ARuleOfTheFileThatMatchesNothingIsLeftOutButStaysInTheD
     OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"Unknown here\"/>");
     EXPECT_EQ(rows.RowCount(), 4);
     EXPECT_TRUE(document.Rules().IsEmpty());
-    EXPECT_EQ(document.Header().GetCount(), 1);
+    EXPECT_EQ(RulesInTree(document), NameList{ L"VSTA Rule: Unknown here" });
 }
 
 TEST_F(RuleExplorerTest, AUserDefinedRuleOfTheFileDoesNotTakeTheRowOfAModulesRule)
@@ -105,7 +120,8 @@ TEST_F(RuleExplorerTest, AUserDefinedRuleOfTheFileDoesNotTakeTheRowOfAModulesRul
     ASSERT_GE(row, 0);
     EXPECT_FALSE(rows.IsTicked(row));
     EXPECT_FALSE(rows.RuleOfRow(row)->IsUserDefined());
-    EXPECT_EQ(document.Header().GetCount(), 1);
+    EXPECT_TRUE(document.Rules().IsEmpty());
+    EXPECT_EQ(RulesInTree(document), NameList{ L"VSTA Rule: TestModuleComplete Rule 1" });
 }
 
 TEST_F(RuleExplorerTest, RulesWithoutARowAreGivenBackOnce)
@@ -206,7 +222,7 @@ TEST_F(RuleExplorerTest, HiddenRulesGetNoRowAndThoseOfAnotherModuleDo)
     EXPECT_EQ(rows.RuleOfRow(4)->m_strRuleModule, InteractiveRuleMark);
 }
 
-TEST_F(RuleExplorerTest, VSTARulesGetNoRowWhereTheyAreNotSupported)
+TEST_F(RuleExplorerTest, VSTARulesGetNoRowWhereTheyAreNotSupportedAndStayInTheFile)
 {
     LoadModules();
     WriteBytes(UserDefinedRuleFilePath(),
@@ -216,7 +232,11 @@ TEST_F(RuleExplorerTest, VSTARulesGetNoRowWhereTheyAreNotSupported)
     OpenWith("<Rule RuleModule=\"VSTA Rule\" RuleName=\"A\"/>");
     EXPECT_EQ(rows.RowCount(), 5);
     EXPECT_EQ(rows.Find(L"A"), -1);
-    EXPECT_EQ(document.Header().GetCount(), 1);
+    EXPECT_EQ(RulesInTree(document), NameList{ L"VSTA Rule: A" });
+    ASSERT_EQ(document.Rules().Size(), 1U);
+    EXPECT_EQ(document.Rules().Rules()[0]->m_strRuleName, L"A");
+    ASSERT_EQ(document.Save(path), RuleDocument::SaveFailure::None);
+    EXPECT_THAT(ReadBytes(path), testing::HasSubstr("RuleName=\"A\""));
 }
 
 TEST_F(RuleExplorerTest, NoRowIsAddedWhereTheFrameworkCannotTellOfVSTA)
