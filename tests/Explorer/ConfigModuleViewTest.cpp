@@ -1,6 +1,9 @@
 // The rule explorer with its windows: what commands, keys and hints do to them.
 
 #include "tests/Explorer/ConfigModuleViewFixture.h"
+#include "tests/Support/TestFiles.h"
+
+#include <gmock/gmock.h>
 
 namespace
 {
@@ -29,6 +32,35 @@ TEST_F(ConfigModuleViewTest, AViewStartsSortedByTicksWithNothingSelected)
     EXPECT_EQ(application.docOpenState, 0);
     EXPECT_FALSE(document->IsModified());
     EXPECT_EQ(frames.status, FormatText(TextId::RuleCount, { L"0", L"4" }));
+}
+
+TEST_F(ConfigModuleViewTest, ARuleOfAModuleThatIsNotConfiguredHasNoRowAndASaveLeavesItOut)
+{
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"rules.vrf");
+    WriteBytes(path, "<Lumeq><Rule RuleModule=\"Module Of Another Machine\" RuleName=\"Unknown Rule\" "
+                     "Summary2=\"Summary\" ModulePath=\"unknown.dll\"/>"
+                     "<Rule RuleModule=\"Complete Test Module\" RuleName=\"TestModuleComplete Rule 1\" "
+                     "Summary2=\"Summary of TestModuleComplete Rule 1\"/></Lumeq>");
+    document = dynamic_cast<CQOXRMConfigModuleDoc*>(manager->CreateDocument(path, wxDOC_SILENT));
+    ASSERT_NE(document, nullptr);
+    list = &dynamic_cast<CQOXRMConfigModuleView&>(*document->GetFirstView()).RuleListCtrl();
+    ASSERT_EQ(list->RowCount(), 4) << "those of the modules";
+    EXPECT_EQ(CellText(0, RuleColumn::Name), L"TestModuleComplete Rule 1") << "those of the file come first";
+    EXPECT_TRUE(list->IsTicked(0));
+    for (int row = 1; row < list->RowCount(); ++row)
+    {
+        EXPECT_FALSE(list->IsTicked(row)) << row;
+        EXPECT_NE(list->RuleOfRow(row)->m_strRuleName, L"Unknown Rule");
+    }
+    EXPECT_FALSE(document->IsModified());
+    EXPECT_TRUE(application.prompt.texts.empty());
+
+    ASSERT_TRUE(document->OnSaveDocument(path));
+    const std::string saved = ReadBytes(path);
+    EXPECT_THAT(saved, testing::HasSubstr("RuleName=\"TestModuleComplete Rule 1\""));
+    EXPECT_THAT(saved, testing::Not(testing::HasSubstr("Unknown Rule")));
+    EXPECT_EQ(saved.find("<Rule "), saved.rfind("<Rule ")) << saved;
 }
 
 TEST_F(ConfigModuleViewTest, EachOfTheThreeEditCommandsEditsTheFirstSelectedRule)
