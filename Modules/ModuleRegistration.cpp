@@ -112,16 +112,16 @@ std::optional<std::wstring> ModuleRegistration::FindDefault(const std::wstring& 
 
 Platform::LibraryHandle ModuleRegistration::AddModule(const std::wstring& typedPath)
 {
-    // People choose a file by the name that the system gives it.
+    // People choose a file by the name that the system gives it, and are told of it by that.
     const std::wstring path = Platform::ConfiguredLibraryName(typedPath);
     if (path.find(L".dll") == std::wstring::npos || !Platform::LibraryFileExists(path))
     {
-        return Refuse(TextId::ModuleFileInvalid, path);
+        return Refuse(TextId::ModuleFileInvalid, typedPath);
     }
-    const auto refuseConfigured = [this, &path]
+    const auto refuseConfigured = [this, &typedPath]
     {
-        Refuse(TextId::ModuleConfiguredAlready, path);
-        LogMessage(L"Tried to configure the module %s, which was already configured.", path);
+        Refuse(TextId::ModuleConfiguredAlready, typedPath);
+        LogMessage(L"Tried to configure the module %s, which was already configured.", typedPath);
         return nullptr;
     };
     if (IsConfigured(path))
@@ -132,14 +132,14 @@ Platform::LibraryHandle ModuleRegistration::AddModule(const std::wstring& typedP
     const std::wstring fullPath = Platform::AbsolutePath(path);
     if (!CanBeConfiguredModule(fullPath))
     {
-        return Refuse(TextId::PathNotStorable, path);
+        return Refuse(TextId::PathNotStorable, typedPath);
     }
     const Platform::LibraryHandle module = LoadModule(fullPath);
     if (!m_kind.isValid(module))
     {
         Platform::ReleaseLibrary(module);
-        Refuse(TextId::ModuleInvalid, path);
-        LogMessage(L"Tried to configure invalid module %s", path);
+        Refuse(TextId::ModuleInvalid, typedPath);
+        LogMessage(L"Tried to configure invalid module %s", typedPath);
         return nullptr;
     }
     if (std::find(m_modules.begin(), m_modules.end(), module) != m_modules.end())
@@ -150,7 +150,7 @@ Platform::LibraryHandle ModuleRegistration::AddModule(const std::wstring& typedP
     }
     m_modules.push_back(module);
     m_added.push_back(module);
-    LogMessage(L"Configured new module :: %s", path);
+    LogMessage(L"Configured new module :: %s", typedPath);
     return module;
 }
 

@@ -48,8 +48,8 @@ public:
     std::vector<std::wstring> DefaultNames();
 
     /// Adds the module at the path that the user typed, or without one the default module of
-    /// that name. The user is told what is wrong with it. Null if none was added; otherwise it
-    /// is the last of `Modules`.
+    /// that name. The user is told what is wrong with it, by the path in lower case. Null if
+    /// none was added; otherwise it is the last of `Modules`.
     Platform::LibraryHandle Add(const std::wstring& typedPath, const std::optional<std::wstring>& defaultName);
 
     /// Takes a module out. It stays loaded.

@@ -187,6 +187,43 @@ TEST_F(ModuleRegistrationTest, ATextFileNamedLikeALibraryIsAnInvalidModule)
     }
 }
 
+TEST_F(ModuleRegistrationTest, MessagesAndLogNameAPathWithTheSystemsOwnSuffixAsItWasTyped)
+{
+    const auto path = [this](const std::wstring& name) { return m_folder.File(name + Platform::LibrarySuffix); };
+    const auto configuredPath = [this](const std::wstring& name) { return m_folder.File(name + L".dll"); };
+    WriteBytes(path(L"text"), "this is no library");
+    CopyModule(Complete, path(L"mine"));
+    CopyModule(Second, path(L"a[b"));
+    ModuleRegistration registration = Register();
+
+    EXPECT_EQ(registration.Add(path(L"none"), std::nullopt), nullptr);
+    EXPECT_EQ(registration.Add(path(L"text"), std::nullopt), nullptr);
+    EXPECT_EQ(registration.Add(path(L"a[b"), std::nullopt), nullptr);
+    const Platform::LibraryHandle added = registration.Add(path(L"mine"), std::nullopt);
+    ASSERT_NE(added, nullptr);
+    EXPECT_EQ(registration.Add(path(L"mine"), std::nullopt), nullptr);
+    std::filesystem::create_symlink(Platform::NativePath(path(L"mine")), Platform::NativePath(path(L"link")));
+    EXPECT_EQ(registration.Add(path(L"link"), std::nullopt), nullptr);
+    EXPECT_EQ(m_prompt.texts, (std::vector{ FormatText(TextId::ModuleFileInvalid, { ToLower(path(L"none")) }),
+                                            FormatText(TextId::ModuleInvalid, { ToLower(path(L"text")) }),
+                                            FormatText(TextId::PathNotStorable, { ToLower(path(L"a[b")) }),
+                                            FormatText(TextId::ModuleConfiguredAlready, { ToLower(path(L"mine")) }),
+                                            FormatText(TextId::ModuleConfiguredAlready, { ToLower(path(L"link")) }) }));
+    const std::string log = Log();
+    const auto shown = [&](const std::wstring& name) { return Platform::ToCodePage(ToLower(path(name))); };
+    EXPECT_THAT(log, HasSubstr("Tried to configure invalid module " + shown(L"text") + "\n"));
+    EXPECT_THAT(log, HasSubstr("Configured new module :: " + shown(L"mine") + "\n"));
+    for (const wchar_t* const name : { L"mine", L"link" })
+    {
+        EXPECT_THAT(log, HasSubstr("Tried to configure the module " + shown(name) + ", which was already configured."));
+    }
+
+    EXPECT_EQ(ModuleRegistration::PathOf(added), configuredPath(L"mine")) << "what is stored";
+    EXPECT_TRUE(registration.Save());
+    EXPECT_THAT(ReadBytes(m_config), HasSubstr("=" + Platform::ToCodePage(configuredPath(L"mine")) + "\n"));
+    Platform::ReleaseLibrary(added); // the load of the registration
+}
+
 TEST_F(ModuleRegistrationTest, ANameWithoutAFolderMeansTheFileInTheCurrentFolder)
 {
     CopyModule(Complete, m_folder.File(L"mine.so"));
