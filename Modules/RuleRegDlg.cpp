@@ -2,6 +2,7 @@
 
 #include "Modules/HelpKey.h"
 #include "Platform/Files.h"
+#include "Platform/Library.h"
 #include "Utilities/DialogButtons.h"
 #include "Utilities/QOXUIUtils.h"
 #include "Utilities/ScreenReader.h"
@@ -67,14 +68,18 @@ void SelectAlone(wxListCtrl& list, long row)
     list.EnsureVisible(row);
 }
 
-/// The folder that a path names or lies in; empty if there is none.
+/// The folder that a path names or lies in; empty if there is none. A library's path may be as the
+/// dialog shows it.
 std::wstring FolderOf(const std::wstring& path)
 {
     if (Platform::FolderExists(path))
     {
         return path;
     }
-    return Platform::PathExists(path) ? Platform::FolderPart(path) : std::wstring();
+    const bool isThere = Platform::PathExists(path) || Platform::LibraryFileExists(path);
+    std::wstring folder = Platform::FolderPart(path);
+    // Libraries are found in any case of their path, folders aren't.
+    return isThere && Platform::FolderExists(folder) ? folder : std::wstring();
 }
 
 } // namespace

@@ -425,6 +425,36 @@ TEST_F(RuleRegDlgTest, TheFileDialogStartsInTheFolderOfTheFieldOrInTheProgramsAn
     EXPECT_EQ(Field().GetValue(), TestModulePath(Second)) << "giving up leaves the field";
 }
 
+TEST_F(RuleRegDlgTest, TheFileDialogStartsWhereAModuleLiesWhosePathIsTypedAsTheDialogShowsIt)
+{
+    Make({ Complete });
+    const std::wstring shown = Path().GetValue().ToStdWstring();
+    ASSERT_EQ(shown, TestModulePath(Complete));
+    const std::wstring itsFolder = Platform::FolderPart(shown);
+    const auto startFolder = [this](const std::wstring& typed)
+    {
+        Field().SetValue(typed);
+        ClickOn(Browse());
+        return application.prompt.fileQuestions.back().folder;
+    };
+    EXPECT_EQ(startFolder(shown), itsFolder);
+    EXPECT_EQ(startFolder(shown.substr(0, shown.size() - 4) + Platform::LibrarySuffix), itsFolder);
+    const std::wstring name = shown.substr(itsFolder.size());
+    EXPECT_EQ(startFolder(itsFolder + Platform::ToLower(name)), itsFolder);
+
+    ASSERT_TRUE(Platform::MakeFolder(folder.File(L"Mods")));
+    WriteBytes(folder.File(L"Mods") + name, "x");
+    const std::wstring inAnotherCase = folder.File(L"MODS") + name;
+    ASSERT_TRUE(Platform::LibraryFileExists(inAnotherCase));
+    EXPECT_TRUE(Platform::FolderExists(startFolder(inAnotherCase)));
+
+    for (const std::wstring& typed : { itsFolder + Platform::PathSeparator + L"none.dll", folder.File(L"none") + name,
+                                       std::wstring(L"none.dll"), std::wstring() })
+    {
+        EXPECT_EQ(startFolder(typed), folder.Path()) << "the program's folder";
+    }
+}
+
 TEST_F(RuleRegDlgTest, TheDialogOfDatabaseModulesIsTheSameWithItsOwnData)
 {
     application.LoadDatabaseModules({ L"TestDatabaseComplete" });
