@@ -24,8 +24,6 @@ struct BarRect
 
 /// Side of the pictures on tabs and buttons.
 inline constexpr int BarImageSize = 16;
-/// The least that a tab takes.
-inline constexpr BarSize TabItemSize = { 24, 25 };
 inline constexpr int TabPadding = 3;
 
 /// The label of a command's button, from the text of its menu item: without the access key, the

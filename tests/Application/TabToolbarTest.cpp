@@ -197,6 +197,33 @@ TEST_F(TabToolbarTest, EachTabSaysWhatItIsInATip)
     EXPECT_EQ(Strip().Tabs().TipAt({ -5, -5 }), "");
 }
 
+TEST_F(TabToolbarTest, EachTabIsLargeEnoughToBeHit)
+{
+    const CQOXRMTabCtrlEx& tabs = Strip().Tabs();
+    for (int tab = 0; tab < static_cast<int>(tabs.GetPageCount()); ++tab)
+    {
+        wxRect place;
+        const auto measure = [&]
+        {
+            place = {};
+            for (int x = 0; x < tabs.GetSize().GetWidth(); ++x)
+            {
+                for (int y = 0; y < tabs.GetSize().GetHeight(); ++y)
+                {
+                    if (tabs.HitTest({ x, y }) == tab)
+                    {
+                        place.Union({ x, y, 1, 1 });
+                    }
+                }
+            }
+            return !place.IsEmpty();
+        };
+        ASSERT_TRUE(WaitFor(measure)) << tab;
+        EXPECT_GE(place.GetWidth(), frame->FromDIP(24)) << tab;
+        EXPECT_GE(place.GetHeight(), frame->FromDIP(25)) << tab;
+    }
+}
+
 TEST_F(TabToolbarTest, TheMouseOverATabShowsItsTip)
 {
     wxPoint place;
