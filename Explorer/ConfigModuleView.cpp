@@ -300,8 +300,12 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
     {
         return false;
     }
+    const bool wasInFront = IsInFront();
     Activate(false);
-    s_frames->SetStatusText({}); // it told of this document
+    if (wasInFront)
+    {
+        s_frames->SetStatusText({}); // it told of this document
+    }
     if (deleteWindow)
     {
         if (m_ruleList != nullptr)
@@ -316,7 +320,10 @@ bool CQOXRMConfigModuleView::OnClose(bool deleteWindow)
 
 void CQOXRMConfigModuleView::OnActivateView(bool activate, wxView* /*activeView*/, wxView* /*deactiveView*/)
 {
-    s_frames->SetActiveTitle(activate ? GetDocument()->GetTitle() : wxString());
+    if (activate || IsInFront())
+    {
+        s_frames->SetActiveTitle(activate ? GetDocument()->GetTitle() : wxString());
+    }
     if (!activate && m_ruleList != nullptr && GetFrame() != nullptr)
     {
         m_ruleList->EndSearch(); // the status is for another view to show

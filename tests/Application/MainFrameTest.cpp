@@ -178,6 +178,17 @@ TEST_F(MainFrameTest, APackageIsReadAsARuleFileAndNotOpened)
     EXPECT_TRUE(manager->GetDocumentsVector().empty());
 }
 
+TEST_F(MainFrameTest, AFileThatCanNotBeOpenedLeavesTitleAndStatusToTheOneThatIsOpen)
+{
+    New();
+    const wxString title = frame->GetTitle();
+    const wxString status = Status(FrameStatusBar::MessagePane);
+    ASSERT_FALSE(status.empty());
+    EXPECT_EQ(manager->OpenFile(folder.File(L"gone.vrf")), nullptr);
+    EXPECT_EQ(frame->GetTitle(), title);
+    EXPECT_EQ(Status(FrameStatusBar::MessagePane), status);
+}
+
 TEST_F(MainFrameTest, TheLogNamesTheFileOfEachWindowThatTheUserTurnsTo)
 {
     const std::wstring log = folder.File(L"log");

@@ -427,6 +427,22 @@ TEST_F(ConfigModuleViewTest, ADocumentBehindAnotherLeavesTheStatusToThat)
     EXPECT_NE(frames.status, "of the one in front");
 }
 
+TEST_F(ConfigModuleViewTest, ADocumentThatIsClosedBehindAnotherLeavesItTitleAndStatus)
+{
+    New();
+    CQOXRMConfigModuleView& first = *view;
+    New();
+    first.Activate(true);
+    frames.status = "of the one in front";
+    frames.activeTitle = "in front";
+    manager->CloseDocument(document, true);
+    EXPECT_EQ(frames.status, "of the one in front");
+    EXPECT_EQ(frames.activeTitle, "in front");
+    manager->CloseDocument(first.GetDocument(), true);
+    EXPECT_EQ(frames.status, "");
+    EXPECT_EQ(frames.activeTitle, "");
+}
+
 TEST_F(ConfigModuleViewTest, ADocumentBehindAnotherLeavesTheMarkOfASingleSelectionToThat)
 {
     New();
