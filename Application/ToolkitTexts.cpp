@@ -43,7 +43,6 @@ constexpr std::array ToolkitTexts = {
     ToolkitText{ L"&Arrange Icons", TextId::ToolkitWindowArrangeIcons },
     ToolkitText{ L"Save As", TextId::ToolkitSaveAs },
     ToolkitText{ L"Open File", TextId::ToolkitOpenFile },
-    ToolkitText{ L"Please choose an existing file.", TextId::ToolkitFileMustExist },
     ToolkitText{ L"Error", TextId::ToolkitError },
 };
 

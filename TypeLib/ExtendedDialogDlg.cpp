@@ -11,13 +11,11 @@ namespace
 {
 
 /// The toolkit has no style for folders: every dialog tells of one that doesn't exist, and stays.
+/// Its style for files that must exist is left out, since it refuses a name that was typed without
+/// its extension before anyone can complete it.
 long ToolkitStyle(int opens, const FileDialogRules& rules)
 {
     long style = opens != 0 ? wxFD_OPEN : wxFD_SAVE;
-    if (rules.fileMustExist)
-    {
-        style |= wxFD_FILE_MUST_EXIST;
-    }
     if (rules.asksBeforeReplacing)
     {
         style |= wxFD_OVERWRITE_PROMPT;
@@ -114,7 +112,7 @@ void CExtendedDialogDlg::OnAccept(wxCommandEvent& event)
 bool CExtendedDialogDlg::Accept()
 {
     const std::wstring path = CompletedPath();
-    if (path.empty() || !MayReplace(path))
+    if (path.empty() || !MayOpen(path) || !MayReplace(path))
     {
         return false;
     }
@@ -128,6 +126,18 @@ std::wstring CExtendedDialogDlg::CompletedPath() const
     // A file that is there may well be without an extension.
     return HasFdFlag(wxFD_OPEN) && Platform::PathExists(chosen) ? chosen
                                                                 : WithDefaultExtension(chosen, m_defaultExtension);
+}
+
+bool CExtendedDialogDlg::MayOpen(const std::wstring& path)
+{
+    if (!m_rules.fileMustExist || Platform::PathExists(path))
+    {
+        return true;
+    }
+    wxMessageDialog box(this, LoadText(TextId::ToolkitFileMustExist), m_caption, wxOK | wxICON_WARNING);
+    box.SetOKLabel(wxString(LoadText(TextId::ButtonOk)));
+    box.ShowModal();
+    return false;
 }
 
 bool CExtendedDialogDlg::MayReplace(const std::wstring& path)

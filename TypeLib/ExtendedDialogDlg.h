@@ -36,6 +36,7 @@ private:
     void OnAccept(wxCommandEvent& event);
     bool Accept();
     std::wstring CompletedPath() const;
+    bool MayOpen(const std::wstring& path);
     bool MayReplace(const std::wstring& path);
 
     std::wstring m_caption;

@@ -3,10 +3,13 @@
 import fcntl
 import os
 import subprocess
+import time
 
 import program_case
-from program_case import ProgramCase, read_bytes
+from program_case import ProgramCase, read_bytes, xdotool
 from stock_modules import offered_rules
+
+KEY_IS_LOST_SECONDS = 5
 
 
 class RuleFileTest(ProgramCase):
@@ -126,6 +129,54 @@ class RuleFileTest(ProgramCase):
         self.activate(first)
         self.close(first)
         self.assertTrue(self.can_lock(path))
+
+    def open_by_typing(self, process, path, answered, what):
+        """Types a path into the dialog. It drops a key that comes while it reads a folder: Return is pressed again."""
+        self.press("ctrl+o")
+        self.focus("^Open File$")
+        xdotool("type", "--clearmodifiers", path)
+        pressed = float("-inf")
+
+        def answered_by_now():
+            nonlocal pressed
+            if answered():
+                return True
+            if time.monotonic() > pressed + KEY_IS_LOST_SECONDS and self.titles(process).count("Open File") == 1:
+                self.press("Return")
+                pressed = time.monotonic()
+            return False
+
+        self.wait_until(answered_by_now, what)
+
+    def test_a_file_is_opened_by_its_name_without_the_extension(self):
+        path = self.copy_sample("milled-bracket.vrf", "bracket.vrf")
+        self.copy_sample("milled-bracket.vrf", "bracket2.vrf")  # or the dialog would complete what is typed
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.open_by_typing(
+            process,
+            path[: -len(".vrf")],
+            lambda: "bracket.vrf - Vantrel Rule Manager" in self.titles(process),
+            "the window of the file",
+        )
+        self.close(process)
+
+    def test_a_file_that_does_not_exist_is_refused_and_the_dialog_stays(self):
+        process = self.start()
+        self.focus("^unnamed1 - ")
+        self.open_by_typing(
+            process,
+            os.path.join(self.folder, "none"),
+            lambda: self.titles(process).count("Open File") == 2,
+            "the message",
+        )
+        self.press("Return")
+        self.wait_until(lambda: self.titles(process).count("Open File") == 1, "the end of the message")
+        self.focus("^Open File$")
+        self.press("Escape", "Escape")  # the first one only takes away what was typed
+        self.wait_until(lambda: len(self.windows(process)) == 1, "the end of the dialog")
+        self.focus("^unnamed1 - ")
+        self.close(process)
 
     def test_a_new_document_stands_in_the_recent_files_under_its_bare_title(self):
         process = self.start()

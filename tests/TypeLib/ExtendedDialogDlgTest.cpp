@@ -40,6 +40,7 @@ public:
     BoxAnswers& operator=(const BoxAnswers&) = delete;
 
     std::vector<wxString> messages;
+    std::vector<wxString> captions;
 
 private:
     int Enter(wxDialog* dialog) override
@@ -50,10 +51,32 @@ private:
             return wxID_NONE; // is shown
         }
         messages.push_back(box->GetMessage());
+        captions.push_back(box->GetTitle());
         return messages.size() <= m_answers.size() ? m_answers[messages.size() - 1] : wxID_CANCEL;
     }
 
     std::vector<int> m_answers;
+};
+
+/// A dialog that is wholly the system's: it comes back with a choice, and nothing is heard of it before.
+class SystemDialog : public CExtendedDialogDlg
+{
+public:
+    SystemDialog(const std::wstring& folder, std::vector<std::wstring> choices)
+        : CExtendedDialogDlg(1, folder, L"Choose Rules", L"vrf", nullptr, FileDialogFlags::ForOpening,
+                             L"Rules (*.vrf)|*.vrf||", nullptr),
+          m_choices(std::move(choices))
+    {
+    }
+
+    int ShowModal() override { return m_shown++ < m_choices.size() ? wxID_OK : wxID_CANCEL; }
+    wxString GetPath() const override { return m_choices.at(m_shown - 1); }
+
+    std::size_t TimesShown() const { return m_shown; }
+
+private:
+    std::vector<std::wstring> m_choices;
+    std::size_t m_shown = 0;
 };
 
 /// What the user does: one step after the other, each as soon as its condition holds.
@@ -197,7 +220,7 @@ TEST_F(ExtendedDialogDlgTest, FlagsCaptionFolderAndFiltersAreTheDialogs)
     EXPECT_EQ(dialog->GetWildcard(), "Rules (*.vrf)|*.vrf|All (*)|*");
     EXPECT_EQ(dialog->GetDirectory().ToStdWstring(), folder.Path());
     EXPECT_TRUE(dialog->HasFdFlag(wxFD_OPEN));
-    EXPECT_TRUE(dialog->HasFdFlag(wxFD_FILE_MUST_EXIST));
+    EXPECT_FALSE(dialog->HasFdFlag(wxFD_FILE_MUST_EXIST)) << "the toolkit's check comes before the extension";
     EXPECT_FALSE(dialog->HasFdFlag(wxFD_MULTIPLE));
     MakeSaving(nullptr, L"rules.vrf");
     EXPECT_EQ(dialog->GetMessage(), "Save Rules");
@@ -236,16 +259,60 @@ TEST_F(ExtendedDialogDlgTest, AFileWithoutAnExtensionIsOpenedAlsoBesideOneWithIt
     EXPECT_EQ(ChosenPath(), path);
 }
 
-TEST_F(ExtendedDialogDlgTest, AFileThatDoesNotExistIsNotOpened)
+TEST_F(ExtendedDialogDlgTest, ANameWithoutAnExtensionOpensTheFileWithTheDefaultOne)
 {
-    BoxAnswers answers({ wxID_OK });
+    // Two begin so, so that the dialog completes what is typed to neither.
+    WriteBytes(folder.File(L"rules.vrf"), "");
+    WriteBytes(folder.File(L"rules2.vrf"), "");
+    BoxAnswers answers({});
     MakeOpening();
-    std::vector<Step> steps = Typing(folder.File(L"none.vrf"));
-    steps.push_back({ [&] { return !answers.messages.empty(); }, [] { Press(WXK_ESCAPE); } });
-    // The first time the key only takes away what was typed.
-    steps.push_back({ [this] { return Chosen(L""); }, [] { Press(WXK_ESCAPE); } });
-    EXPECT_EQ(Run(steps), CExtendedDialogDlg::GivenUp);
-    EXPECT_EQ(answers.messages.size(), 1u);
+    EXPECT_EQ(Run(Typing(folder.File(L"rules"))), CExtendedDialogDlg::Confirmed);
+    EXPECT_EQ(ChosenPath(), folder.File(L"rules.vrf"));
+    EXPECT_EQ(answers.messages, std::vector<wxString>());
+}
+
+TEST_F(ExtendedDialogDlgTest, AFileThatDoesNotExistIsRefusedAndTheDialogStays)
+{
+    for (const wchar_t* const name : { L"none.vrf", L"none" })
+    {
+        BoxAnswers answers({ wxID_OK });
+        MakeOpening();
+        std::vector<Step> steps = Typing(folder.File(name));
+        steps.push_back({ [&] { return !answers.messages.empty(); },
+                          [this]
+                          {
+                              EXPECT_TRUE(dialog->IsModal());
+                              Press(WXK_ESCAPE);
+                          } });
+        // The first time the key only takes away what was typed.
+        steps.push_back({ [this] { return Chosen(L""); }, [] { Press(WXK_ESCAPE); } });
+        EXPECT_EQ(Run(steps), CExtendedDialogDlg::GivenUp);
+        EXPECT_EQ(answers.messages, std::vector<wxString>{ LoadText(TextId::ToolkitFileMustExist) });
+        EXPECT_EQ(answers.captions, std::vector<wxString>{ L"Choose Rules" });
+        EXPECT_EQ(ChosenPath(), L"untouched");
+    }
+}
+
+TEST_F(ExtendedDialogDlgTest, ADialogThatIsOnlyHeardOfAfterwardsIsShownAgainUntilTheFileExists)
+{
+    WriteBytes(folder.File(L"rules.vrf"), "");
+    BoxAnswers answers({ wxID_OK });
+    SystemDialog system(folder.Path(), { folder.File(L"none"), folder.File(L"rules") });
+    EXPECT_EQ(system.DoModal(), CExtendedDialogDlg::Confirmed);
+    EXPECT_EQ(system.TimesShown(), 2u);
+    std::wstring path;
+    system.GetPathName(path);
+    EXPECT_EQ(path, folder.File(L"rules.vrf"));
+    EXPECT_EQ(answers.messages, std::vector<wxString>{ LoadText(TextId::ToolkitFileMustExist) });
+}
+
+TEST_F(ExtendedDialogDlgTest, WithoutTheRuleAFileThatDoesNotExistIsChosen)
+{
+    WriteBytes(folder.File(L"first.vrf"), "");
+    dialog = std::make_unique<CExtendedDialogDlg>(1, folder.Path(), L"Choose Rules", L"vrf", L"first.vrf",
+                                                  FileDialogFlags::PathMustExist, L"Rules (*.vrf)|*.vrf||", owner);
+    EXPECT_EQ(Run(Typing(folder.File(L"none"))), CExtendedDialogDlg::Confirmed);
+    EXPECT_EQ(ChosenPath(), folder.File(L"none.vrf"));
 }
 
 TEST_F(ExtendedDialogDlgTest, TheEscapeKeyGivesUpAndLeavesTheCallersPath)
