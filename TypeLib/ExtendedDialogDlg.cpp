@@ -1,5 +1,6 @@
 #include "TypeLib/ExtendedDialogDlg.h"
 
+#include "Platform/FilePattern.h"
 #include "Platform/Files.h"
 #include "Utilities/Texts.h"
 
@@ -29,7 +30,7 @@ wxString ToolkitFilter(const std::vector<FileFilter>& filters)
     wxString text;
     for (const FileFilter& filter : filters)
     {
-        text += (text.empty() ? L"" : L"|") + filter.name + L"|" + filter.pattern;
+        text += (text.empty() ? L"" : L"|") + filter.name + L"|" + Platform::FilePattern(filter.pattern);
     }
     return text;
 }

@@ -1,5 +1,6 @@
 #include "Platform/CharacterCase.h"
 #include "Platform/Posix/PathBytes.h"
+#include "Platform/Posix/UpperCharacter.h"
 #include "Platform/Text.h"
 
 #include <algorithm>
@@ -85,6 +86,13 @@ wchar_t LowerCharacter(wchar_t character)
     const locale_t locale = CaseLocale();
     const auto code = static_cast<std::wint_t>(static_cast<char32_t>(character));
     return static_cast<wchar_t>(locale != nullptr ? towlower_l(code, locale) : std::towlower(code));
+}
+
+wchar_t Posix::UpperCharacter(wchar_t character)
+{
+    const locale_t locale = CaseLocale();
+    const auto code = static_cast<std::wint_t>(static_cast<char32_t>(character));
+    return static_cast<wchar_t>(locale != nullptr ? towupper_l(code, locale) : std::towupper(code));
 }
 
 std::string ToCodePage(std::wstring_view text)

@@ -22,6 +22,7 @@ set(VANTREL_PLATFORM_SOURCES
     Posix/FileError.cpp
     Posix/FileLock.cpp
     Posix/FileOperations.cpp
+    Posix/FilePattern.cpp
     Posix/Files.cpp
     Posix/FolderEntries.cpp
     Posix/Folders.cpp

@@ -1,6 +1,6 @@
 #include "TypeLib/ExtendedDialogDlg.h"
 
-#include "Platform/Files.h"
+#include "Platform/FilePattern.h"
 #include "tests/Support/TemporaryFolder.h"
 #include "tests/Support/TestFiles.h"
 #include "Utilities/Texts.h"
@@ -217,7 +217,8 @@ TEST_F(ExtendedDialogDlgTest, FlagsCaptionFolderAndFiltersAreTheDialogs)
 {
     MakeOpening();
     EXPECT_EQ(dialog->GetMessage(), "Choose Rules");
-    EXPECT_EQ(dialog->GetWildcard(), "Rules (*.vrf)|*.vrf|All (*)|*");
+    EXPECT_EQ(dialog->GetWildcard().ToStdWstring(),
+              L"Rules (*.vrf)|" + Platform::FilePattern(L"*.vrf") + L"|All (*)|*");
     EXPECT_EQ(dialog->GetDirectory().ToStdWstring(), folder.Path());
     EXPECT_TRUE(dialog->HasFdFlag(wxFD_OPEN));
     EXPECT_FALSE(dialog->HasFdFlag(wxFD_FILE_MUST_EXIST)) << "the toolkit's check comes before the extension";
@@ -269,6 +270,17 @@ TEST_F(ExtendedDialogDlgTest, ANameWithoutAnExtensionOpensTheFileWithTheDefaultO
     EXPECT_EQ(Run(Typing(folder.File(L"rules"))), CExtendedDialogDlg::Confirmed);
     EXPECT_EQ(ChosenPath(), folder.File(L"rules.vrf"));
     EXPECT_EQ(answers.messages, std::vector<wxString>());
+}
+
+TEST_F(ExtendedDialogDlgTest, AFileWhoseExtensionIsInCapitalsIsOffered)
+{
+    const std::wstring path = folder.File(L"bracket.VRF");
+    WriteBytes(path, "");
+    MakeOpening(L"Rules (*.vrf)|*.vrf||");
+    std::vector<Step> steps = Typing(folder.File(L"bra"));
+    steps.back().when = [this, path] { return Chosen(path); }; // what is typed is completed to what is listed
+    EXPECT_EQ(Run(steps), CExtendedDialogDlg::Confirmed);
+    EXPECT_EQ(ChosenPath(), path);
 }
 
 TEST_F(ExtendedDialogDlgTest, AFileThatDoesNotExistIsRefusedAndTheDialogStays)
