@@ -274,7 +274,13 @@ void UnknownParts::Keep(const pugi::xml_attribute& attribute)
 
 std::string UnknownParts::Markup() const
 {
-    return m_element ? MarkupOf(m_element) : std::string();
+    if (!m_element)
+    {
+        return {};
+    }
+    // References may name what is no character, and a file with its bytes would not be read again.
+    std::string markup = MarkupOf(m_element);
+    return Platform::IsUtf8(markup) ? markup : Platform::WideToUtf8(Platform::Utf8ToWide(markup));
 }
 
 pugi::xml_node UnknownParts::Element()

@@ -171,6 +171,15 @@ TEST_F(RuleFileReaderTest, AUserDefinedRuleWithTheMarkAndAnotherModuleIsNotLostB
     EXPECT_EQ(Names(), (std::vector<std::wstring>{ L"A", L"A" }));
 }
 
+TEST_F(RuleFileReaderTest, ReferencesToWhatIsNoCharacterLeaveAFileThatIsReadAgain)
+{
+    EXPECT_TRUE(Load("<Lumeq><Rule RuleModule=\"VSTA Rule\" RuleName=\"A&#xD800;\" New=\"&#xD800;&#xFFFFFF;\">"
+                     "<Parameter Number=\"1\" Kind=\"text\" Extra=\"&#xDFFF;\"/></Rule></Lumeq>"));
+    EXPECT_TRUE(record.WriteRuleFile(ToNarrow(path)));
+    EXPECT_TRUE(record.LoadRuleFile(ToNarrow(path)));
+    EXPECT_EQ(Names().size(), 2U);
+}
+
 TEST_F(RuleFileReaderTest, AListOfRulesIsReadWithoutTellingTheModulesOfTheDocument)
 {
     application.LoadRuleModules({ L"TestModuleComplete" });
